@@ -57,7 +57,7 @@ function(qor_bench name)
   cmake_parse_arguments(Q "" "" "SOURCES;LIBS" ${ARGN})
   add_executable(bench_${name} ${Q_SOURCES})
   target_link_libraries(bench_${name} PRIVATE ${Q_LIBS} benchmark::benchmark)
-  target_compile_definitions(bench_${name} PRIVATE QOR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_compile_definitions(bench_${name} PRIVATE QOR_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QOR_BINARY_DIR="${PROJECT_BINARY_DIR}")
   set_property(GLOBAL APPEND PROPERTY QOR_BENCHES bench_${name})
 endfunction()
 
