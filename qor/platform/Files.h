@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace qor {
 
@@ -14,5 +15,42 @@ bool CreateDirectories(const std::string &path);
 
 // True when `path` names an existing file or folder.
 bool PathExists(const std::string &path);
+
+// 0 when `path` names an existing file or folder, otherwise the errno of
+// looking it up (ENOENT or ENOTDIR for a path that is not there).
+int PathError(const std::string &path);
+
+// Creates a new empty file with a unique name ("XXXXXX.tmp") in `directory`
+// (which ends in '/') and returns its path; on failure returns "" and sets
+// error to the errno.
+std::string CreateUniqueTempFile(const std::string &directory, int &error);
+
+// Reads the whole file. 0, or the errno (EISDIR for a folder).
+int ReadWholeFile(const std::string &path, std::string &contents);
+
+// A file written in place: created, or truncated when it exists.
+class OutputFile {
+public:
+    OutputFile() = default;
+    OutputFile(const OutputFile &) = delete;
+    OutputFile &operator=(const OutputFile &) = delete;
+    ~OutputFile();
+
+    int Open(const std::string &path);  // 0, or the errno
+    int Write(std::string_view data);   // 0, or the errno; all of data or an error
+    int Close();                        // 0, or the errno of the close
+
+private:
+    int fd_ = -1;
+};
+
+// Replaces `destination` by a copy of `source` so that, whatever happens,
+// the destination holds either its old or its new contents in full: the copy
+// goes to a hidden temporary beside it, is flushed to disk and is renamed
+// over it. An existing destination keeps its permission bits; one with no
+// write permission at all is refused with EACCES, as a read-only file is.
+// 0, or the errno (ENOENT or ENOTDIR when the destination's folder is not
+// there).
+int ReplaceFileAtomically(const std::string &source, const std::string &destination);
 
 }  // namespace qor

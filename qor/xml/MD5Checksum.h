@@ -1,6 +1,7 @@
 // MD5 (RFC 1321) of bytes, as 32 lower-case hexadecimal digits.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 struct evp_md_ctx_st;
@@ -27,3 +28,8 @@ public:
 private:
     evp_md_ctx_st *context_;
 };
+
+namespace qor {
+// MD5 of any number of bytes, as CMD5Checksum::GetMD5 gives it.
+std::string MD5Hex(const void *data, std::size_t length);
+}  // namespace qor

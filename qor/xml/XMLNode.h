@@ -20,7 +20,7 @@ public:
     XMLNodeData(XMLNodeData &&) noexcept = default;
     XMLNodeData &operator=(const XMLNodeData &) = default;
     XMLNodeData &operator=(XMLNodeData &&) noexcept = default;
-    ~XMLNodeData() = default;
+    ~XMLNodeData();
 
     // Empties attributes and children; name, text and closed stay.
     void Clear();

@@ -1,0 +1,87 @@
+#include "qor/xml/XMLScanner.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "qor/xml/XMLParserException.h"
+#include "qor/xml/XMLText.h"
+
+namespace qor::xmlscan {
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+
+std::size_t FindByte(std::string_view s, char c, std::size_t from, std::size_t to) {
+    if (from >= to) return npos;
+    const void *hit = std::memchr(s.data() + from, c, to - from);
+    return hit ? static_cast<const char *>(hit) - s.data() : npos;
+}
+
+}  // namespace
+
+// The buffer is kept as s[0, kept) followed by s[unread, n): what an erasing
+// implementation would hold at the same moment, with a gap between. The
+// kept part never holds a startTag, since each search goes to the first one.
+// After an erase the last startTag.size() - 1 kept bytes may join with what
+// follows into a new startTag, so they go back in front of the unread part
+// and the next search covers them.
+void DiscardSpans(std::string &s, std::string_view startTag, std::string_view endTag) {
+    if (startTag.empty() || endTag.empty()) return;
+    std::size_t kept = 0;
+    std::size_t unread = 0;
+    auto closeGap = [&] { s.erase(kept, unread - kept); };
+    for (;;) {
+        std::size_t start = s.find(startTag, unread);
+        if (start == npos) break;
+        std::size_t end = s.find(endTag, start);
+        std::size_t nextStart = npos;
+        if (end == npos) {
+            nextStart = s.find(startTag, start + 1);
+        } else {
+            // Only a startTag that begins before `end` matters.
+            std::size_t limit = std::min(s.size(), end + startTag.size() - 1);
+            std::string_view between(s.data() + start + 1, limit - (start + 1));
+            std::size_t at = between.find(startTag);
+            if (at != npos) nextStart = start + 1 + at;
+        }
+        if (end == npos || nextStart != npos) {
+            std::string near =
+                s.substr(start, nextStart == npos ? npos : nextStart - start);
+            closeGap();
+            throw XMLParserException(
+                4, "XMLParser::Discard",
+                "Unable to discard the file: EOF while searching for end of comment near \r\n\"" +
+                    near + "\"");
+        }
+        std::memmove(s.data() + kept, s.data() + unread, start - unread);
+        kept += start - unread;
+        unread = end + endTag.size();
+        std::size_t back = std::min(startTag.size() - 1, kept);
+        std::memmove(s.data() + unread - back, s.data() + kept - back, back);
+        kept -= back;
+        unread -= back;
+    }
+    closeGap();
+}
+
+std::string_view TagScanner::Next(XMLNodeData *textOwner) {
+    std::size_t open = FindByte(text_, '<', position_, text_.size());
+    if (open == npos) return {};
+    std::size_t close = FindByte(text_, '>', open, text_.size());
+    std::size_t nextOpen =
+        FindByte(text_, '<', open + 1, close == npos ? text_.size() : close);
+    if (close == npos || nextOpen != npos) {
+        throw XMLParserException(
+            4, "XMLParser::FindNextTag",
+            "Unable to Find Next Tag in the file: EOF while searching for end of tag near \r\n\"" +
+                std::string(text_.substr(open, nextOpen == npos ? npos : nextOpen - open)) +
+                "\"");
+    }
+    if (textOwner && open > position_)
+        qor::xmltext::AppendUnescaped(textOwner->text, text_.substr(position_, open - position_));
+    std::size_t after = qor::xmltext::kSpace.FindNotIn(text_, close + 1);
+    position_ = after == npos ? text_.size() : after;
+    return text_.substr(open, close - open + 1);
+}
+
+}  // namespace qor::xmlscan

@@ -1,0 +1,102 @@
+// The node constructor from a tag, with its quirks: a name ends only at white
+// space or '>', anything between a key and its first quote is skipped, and a
+// bare word is dropped only when nothing but the tag's end follows it.
+#include "qor/xml/XMLTag.h"
+
+#include "qor/xml/XMLParserException.h"
+#include "qor/xml/XMLText.h"
+
+namespace qor::xmltag {
+namespace {
+
+using qor::xmltext::ByteSet;
+constexpr ByteSet kBeforeName{"< \r\n\t"};
+constexpr ByteSet kAfterName{" \r\n\t>"};
+constexpr ByteSet kAfterKey{"= \r\n\t"};
+constexpr ByteSet kQuote{"\"'"};
+constexpr std::size_t npos = std::string_view::npos;
+
+[[noreturn]] void ThrowMissingValue(std::string_view tag) {
+    throw XMLParserException(
+        5, "XMLParser::XMLNode::XMLNode",
+        "Unable to create a node in the file.  \r\nAn attribute key was found but the quoted "
+        "value was missing : " +
+            std::string(tag));
+}
+
+}  // namespace
+
+std::string_view TagName(std::string_view tag, std::size_t &rest) {
+    std::size_t start = kBeforeName.FindNotIn(tag, 0);
+    if (start == npos) {
+        rest = tag.size();
+        return {};
+    }
+    std::size_t end = kAfterName.FindIn(tag, start);
+    if (end == npos) end = tag.size();
+    rest = end;
+    return tag.substr(start, end - start);
+}
+
+void ReadAttributes(std::string_view tag, std::size_t rest, XMLNodeData &node) {
+    auto &attributes = node.attributes;
+    for (;;) {
+        std::size_t keyStart = qor::xmltext::kSpace.FindNotIn(tag, rest);
+        if (keyStart == npos) break;
+        std::size_t keyEnd = kAfterKey.FindIn(tag, keyStart);
+        if (keyEnd == npos) break;
+        std::size_t quote = kQuote.FindIn(tag, keyEnd);
+        if (quote == npos) ThrowMissingValue(tag);
+        std::size_t closeQuote = tag.find(tag[quote], quote + 1);
+        if (closeQuote == npos) ThrowMissingValue(tag);
+
+        std::string_view key = tag.substr(keyStart, keyEnd - keyStart);
+        std::string_view raw = tag.substr(quote + 1, closeQuote - quote - 1);
+        // Documents written by this library list keys in map order, so the
+        // end is the usual place of a new key.
+        std::string *value;
+        if (attributes.empty() || attributes.rbegin()->first < key) {
+            value = &attributes.emplace_hint(attributes.end(), key, std::string())->second;
+        } else {
+            value = &attributes[std::string(key)];
+            value->clear();
+        }
+        qor::xmltext::AppendUnescaped(*value, raw);
+        rest = closeQuote + 1;
+    }
+    node.closed = tag.size() >= 2 && tag.substr(tag.size() - 2) == "/>";
+}
+
+void ReadTag(std::string_view tag, XMLNodeData &node) {
+    std::size_t rest = 0;
+    node.name.assign(TagName(tag, rest));
+    ReadAttributes(tag, rest, node);
+}
+
+}  // namespace qor::xmltag
+
+namespace qor {
+
+XMLNodeData::XMLNodeData(const std::string &tag) { xmltag::ReadTag(tag, *this); }
+
+XMLNodeData::~XMLNodeData() {
+    if (children.empty()) return;
+    // Flatten the subtree into one list before it goes, so that a document
+    // nested a million levels deep does not take a million nested
+    // destructor calls with it.
+    std::list<XMLNodeData> doomed;
+    doomed.splice(doomed.end(), children);
+    for (auto it = doomed.begin(); it != doomed.end(); ++it)
+        doomed.splice(doomed.end(), it->children);
+}
+
+void XMLNodeData::Clear() {
+    attributes.clear();
+    children.clear();
+}
+
+bool XMLNodeData::ClosesNode(const XMLNodeData &open) const {
+    return xmltag::NameCloses(name, open.name);
+}
+
+}  // namespace qor
