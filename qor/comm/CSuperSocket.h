@@ -137,8 +137,7 @@ protected:
     // and close conditions while the owner may read it.
     std::atomic<int> socket{-1};
     CSuperSocketContainer &container;
-    // eventfd that wakes the event thread: for destruction and whenever the
-    // conditions it should watch have changed.
+    // eventfd signalled once, when destruction begins.
     int shutdownEvent = -1;
     // Conditions recorded for the thread to deliver, and which it may record.
     struct NetworkEvent {
@@ -147,6 +146,8 @@ protected:
         bool acceptArmed = false;   // re-armed by each Accept
         bool writeArmed = false;    // after a connect and after a would-block Send
         bool connectPending = false;
+        int connectResult = -1;     // a connect that failed at once: its code, for the thread
+        bool listening = false;
         unsigned generation = 0;    // changes whenever the handle does
     } networkEvent;
     HANDLE thread = nullptr;
@@ -157,16 +158,22 @@ private:
 
     // The event thread and its steps.
     DWORD SocketThread();
-    bool WaitForConditions(unsigned &conditions, int (&codes)[6]);
-    void DeliverConditions(unsigned conditions, const int (&codes)[6]);
+    bool WaitForConditions(unsigned &conditions, int (&codes)[6], unsigned &generation);
+    bool RecordConditions(int handle, short revents, unsigned &conditions, int (&codes)[6]);
+    void DeliverConditions(unsigned conditions, const int (&codes)[6], unsigned generation);
+    // Tells the event thread that what it should watch has changed.
     void Wake();
-    // Takes a freshly made handle with its selected conditions (under lock).
-    void Adopt(int handle, unsigned selected, bool connecting);
-    // Closes the handle if it is still `generation`'s (under lock).
-    void CloseHandleOf(unsigned generation);
+    // Installs a new handle (under lock). `selected` 0 parks a handle that
+    // failed to open: it is kept, but the thread does not watch it.
+    void Adopt(int handle, unsigned selected, bool listening = false);
+    // Closes the handle if it is still that of `generation` (under lock).
+    bool CloseHandleOf(unsigned generation);
 
     CCriticalSection lock;          // guards the handle's life, networkEvent and the remote fields
+    int wakeEvent = -1;             // eventfd: the watched conditions changed
     HANDLE handleClosed = nullptr;  // manual-reset: set while no handle is open
+    DWORD threadId = 0;
+    unsigned generationCounter = 0;
     std::atomic<bool> stopping{false};
 
     static std::atomic<unsigned int> references;

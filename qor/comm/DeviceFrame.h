@@ -80,7 +80,7 @@ public:
     // True once the header has been read.
     bool HeaderComplete() const { return headerHave_ == kEthernetHeaderSize; }
     // True once the whole frame has been read.
-    bool Complete() const { return HeaderComplete() && payload_.size() == length_; }
+    bool Complete() const { return HeaderComplete() && payloadHave_ == length_; }
     unsigned char Command() const { return header_[0]; }
     unsigned short Length() const { return length_; }
     const std::vector<unsigned char> &Payload() const { return payload_; }
@@ -95,7 +95,8 @@ private:
     unsigned char header_[kEthernetHeaderSize] = {0, 0, 0};
     std::size_t headerHave_ = 0;
     unsigned short length_ = 0;
-    std::vector<unsigned char> payload_;
+    std::vector<unsigned char> payload_;  // sized to the length once the header is in
+    std::size_t payloadHave_ = 0;
 };
 
 // --- Serial decoding ---------------------------------------------------------
