@@ -1,0 +1,333 @@
+// The record frame through ProtocolPaused and the sample records: exact
+// text, reading back, files, property bags, and bad input.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "MarshalTestSupport.h"
+#include "SampleRecords.h"
+#include "qor/records/hooks.h"
+#include "qor/xml.h"
+
+using HooksPluginXMLMarshaller::ProtocolPaused;
+using ObjectInstanceXMLMarshaller::ObjectInstance;
+using ObjectInstanceXMLMarshaller::Parameter;
+using marshal_test::ParameterRow;
+using marshal_test::RecordText;
+using SampleRecords::Item;
+using SampleRecords::Sample;
+
+namespace {
+
+TEST(ProtocolPausedText, DefaultDocumentIsExact) {
+    EXPECT_EQ(ProtocolPaused().ToXMLString(),
+              "<?xml version='1.0' encoding='ASCII' ?>\n"
+              "<Brindlemar file='MetaData' md5sum='06d3a421da92b25f8adc7e198a684e7f' version='1.0' >\n"
+              "\t<ProtocolPaused Path='&lt;not specified&gt;' PauseType='0' />\n"
+              "</Brindlemar>");
+}
+
+TEST(ProtocolPausedText, RepeatedWritesAreEqualAndReadBack) {
+    ProtocolPaused paused;
+    paused.Path = "C:\\runs\\a&b 'q' <x>.pro";
+    paused.PauseType = -3;
+    const std::string first = paused.ToXMLString();
+    EXPECT_EQ(first, paused.ToXMLString());  // a fresh writer each time: nothing escaped twice
+    EXPECT_EQ(RecordText(first),
+              "\t<ProtocolPaused Path='C:\\runs\\a&amp;b &apos;q&apos; &lt;x&gt;.pro' PauseType='-3' />");
+    const ProtocolPaused back(first);
+    EXPECT_EQ(back.Path, paused.Path);
+    EXPECT_EQ(back.PauseType, -3);
+    EXPECT_TRUE(back == paused);
+}
+
+TEST(ProtocolPausedText, EmptiedStringDropsOutAndReadsBackItsDefault) {
+    ProtocolPaused paused;
+    paused.Path.clear();
+    const std::string text = paused.ToXMLString();
+    EXPECT_EQ(RecordText(text), "\t<ProtocolPaused PauseType='0' />");
+    EXPECT_EQ(ProtocolPaused(text).Path, "<not specified>");
+}
+
+TEST(ProtocolPausedText, PresentEmptyAttributeOverwritesDefault) {
+    const ProtocolPaused paused(std::string("<?xml version='1.0' ?><Brindlemar><ProtocolPaused Path='' /></Brindlemar>"));
+    EXPECT_EQ(paused.Path, "");
+    EXPECT_EQ(paused.PauseType, 0);
+}
+
+TEST(ProtocolPausedText, ElementNameIsNotCheckedAndUnknownsAreIgnored) {
+    const ProtocolPaused paused(std::string(
+        "<?xml version='1.0' ?><Anything><Aborted Path='p' PauseType='4' Other='x'><Junk /></Aborted></Anything>"));
+    EXPECT_EQ(paused.Path, "p");
+    EXPECT_EQ(paused.PauseType, 4);
+}
+
+TEST(ProtocolPausedText, RootWithoutChildLeavesDefaults) {
+    const ProtocolPaused closedRoot(std::string("<?xml version='1.0' ?><Brindlemar />"));
+    EXPECT_EQ(closedRoot.Path, "<not specified>");
+    const ProtocolPaused emptyRoot(std::string("<?xml version='1.0' ?><Brindlemar>text</Brindlemar>"));
+    EXPECT_EQ(emptyRoot.PauseType, 0);
+}
+
+TEST(ProtocolPausedText, NotADocumentThrowsTheParserException) {
+    struct Case {
+        const char *text;
+        int code;
+    };
+    const Case cases[] = {
+        {"", 2},                                      // no tags at all
+        {"<ProtocolPaused PauseType='1' />", 2},      // no header
+        {"<?xml version='1.1' ?><a />", 2},           // wrong version
+        {"<?xml version='1.0' ?>", 3},                // no root
+        {"<?xml version='1.0' ?><a><ProtocolPaused>", 4},  // open elements
+        {"<?xml version='1.0' ?><a b=1 />", 5},       // unquoted value
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.text);
+        try {
+            ProtocolPaused paused{std::string(c.text)};
+            ADD_FAILURE() << "built a record from bad text";
+        } catch (const XMLParserException &e) {
+            EXPECT_EQ(e.code, c.code);
+        }
+    }
+}
+
+TEST(ProtocolPausedText, NumberTextReadsAsItsLeadingNumberOrZero) {
+    struct Case {
+        const char *value;
+        int expected;
+    };
+    const Case cases[] = {{"12abc", 12}, {"abc", 0}, {"", 0}, {" 7", 7}, {"-2147483649", INT32_MIN},
+                          {"99999999999999999999999", INT32_MAX}, {"5\xC3\xA9", 5}, {"0x1F", 0}};
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.value);
+        XMLParser::XMLNode node;
+        node.name = "ProtocolPaused";
+        node.attributes["PauseType"] = c.value;
+        EXPECT_EQ(ProtocolPaused(node).PauseType, c.expected);
+    }
+}
+
+TEST(ProtocolPausedFile, WrittenToAFileAndReadBack) {
+    marshal_test::TempDir dir;
+    const std::string path = (dir.path() / "sub" / "paused.xml").string();
+    ProtocolPaused paused;
+    paused.Path = "D:\\protocols\\night run.pro";
+    paused.PauseType = 2;
+
+    XMLWriter writer("MetaData", "1.0", true);
+    writer.children.push_back(paused.ToXMLNode());
+    writer.Write(path.c_str());
+
+    XMLReader reader;
+    reader.Read(path.c_str());
+    ASSERT_EQ(reader.children.size(), 1u);
+    const ProtocolPaused back(reader.children.front());
+    EXPECT_TRUE(back == paused);
+
+    std::ifstream file(path);
+    const std::string onDisk((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(ProtocolPaused(onDisk).Path, paused.Path);
+}
+
+TEST(ProtocolPausedFrame, CloneAndClassName) {
+    ProtocolPaused paused;
+    paused.PauseType = 9;
+    const auto copy = paused.Clone();
+    const auto *typed = dynamic_cast<const ProtocolPaused *>(copy.get());
+    ASSERT_NE(typed, nullptr);
+    EXPECT_TRUE(*typed == paused);
+    EXPECT_EQ(paused.GetClassName(), "ProtocolPaused");
+    EXPECT_EQ(&paused.GetClassName(), &ProtocolPaused().GetClassName());
+    EXPECT_EQ(paused.ToXMLNode().name, paused.GetClassName());
+}
+
+TEST(ProtocolPausedObjectInstance, ShowsEveryFieldUnderProperties) {
+    ProtocolPaused paused;
+    paused.PauseType = 5;
+    ObjectInstance instance;
+    instance.BaseObjectDescription.ObjectType = "left over";
+    paused.ToObjectInstance(instance);
+    EXPECT_EQ(instance.BaseObjectDescription.ObjectType, "");  // the instance starts afresh
+    const std::vector<ParameterRow> expected = {
+        {"Properties", "Path", 1, "<not specified>", ""},
+        {"Properties", "PauseType", 8, "5", ""},
+    };
+    EXPECT_EQ(marshal_test::Rows(instance), expected);
+
+    ProtocolPaused back;
+    back.Path = "other";
+    back.FromObjectInstance(instance);
+    EXPECT_TRUE(back == paused);
+}
+
+TEST(ProtocolPausedObjectInstance, ReadsTheFirstUnnamedCategoryElseTheFirst) {
+    ObjectInstance instance;
+    auto &categories = instance.BaseObjectDescription.Categories;
+    categories.resize(3);
+    categories[0].Name = "A";
+    Parameter::AddParameterInt(categories[0].Parameters, "PauseType", 1L);
+    categories[1].Name = "B";
+    Parameter::AddParameterInt(categories[1].Parameters, "PauseType", 2L);
+    categories[2].Name = "";
+    Parameter::AddParameterString(categories[2].Parameters, "PauseType", "3 and more");
+
+    ProtocolPaused paused;
+    paused.FromObjectInstance(instance);
+    EXPECT_EQ(paused.PauseType, 3);
+    EXPECT_EQ(paused.Path, "<not specified>");  // missing Parameter: field kept
+
+    categories.pop_back();
+    paused.FromObjectInstance(instance);
+    EXPECT_EQ(paused.PauseType, 1);
+
+    categories.clear();
+    paused.PauseType = 42;
+    paused.FromObjectInstance(instance);  // no category at all: nothing changes
+    EXPECT_EQ(paused.PauseType, 42);
+}
+
+// ---- every kind of field, through the sample records
+
+TEST(SampleRecord, DefaultsWriteNumbersNonEmptyStringsAndForcedWrappers) {
+    EXPECT_EQ(RecordText(Sample().ToXMLString()),
+              "\t<Sample Capacity='0' Colour='7' Flag='1' Real='0.5' Shown='shown' Signed='-1' "
+              "Text='default text' Unsigned='7' >\n"
+              "\t\t<Numbers />\n"
+              "\t\t<Item Count='0' />\n"
+              "\t</Sample>");
+    EXPECT_EQ(RecordText(SampleRecords::Ping().ToXMLString()), "\t<Ping />");
+    EXPECT_NE(SampleRecords::Ping().ToXMLString().find("<Brindlemar file='Query' "), std::string::npos);
+}
+
+TEST(SampleRecord, ListsAndChildrenAreWrittenInTableOrder) {
+    Sample sample;
+    sample.Names = {"a", "", "c'd"};
+    sample.Numbers = {3, -4};
+    sample.Items.resize(2);
+    sample.Items[0].Label = "first";
+    sample.Items[1].Count = 2;
+    sample.Single.Label = "only";
+    EXPECT_EQ(RecordText(sample.ToXMLString()),
+              "\t<Sample Capacity='0' Colour='7' Flag='1' Real='0.5' Shown='shown' Signed='-1' "
+              "Text='default text' Unsigned='7' >\n"
+              "\t\t<Names >\n"
+              "\t\t\t<Value Value='a' />\n"
+              "\t\t\t<Value Value='' />\n"
+              "\t\t\t<Value Value='c&apos;d' />\n"
+              "\t\t</Names>\n"
+              "\t\t<Numbers >\n"
+              "\t\t\t<Value Value='3' />\n"
+              "\t\t\t<Value Value='-4' />\n"
+              "\t\t</Numbers>\n"
+              "\t\t<Items >\n"
+              "\t\t\t<Item Count='0' Label='first' />\n"
+              "\t\t\t<Item Count='2' />\n"
+              "\t\t</Items>\n"
+              "\t\t<Item Count='0' Label='only' />\n"
+              "\t</Sample>");
+    const Sample back(sample.ToXMLString());
+    EXPECT_TRUE(back == sample);
+    EXPECT_EQ(back.Names, sample.Names);
+    EXPECT_EQ(back.Items.size(), 2u);
+}
+
+TEST(SampleRecord, DoublesGoOutWithSixDigitsAndComeBackSo) {
+    struct Case {
+        double value;
+        const char *text;
+        double readBack;
+    };
+    const Case cases[] = {
+        {0.5, "0.5", 0.5},           {1000, "1000", 1000},          {1e6, "1e+06", 1e6},
+        {1234567.0, "1.23457e+06", 1234570.0}, {0.1, "0.1", 0.1},  {-2.5e-7, "-2.5e-07", -2.5e-7},
+        {1.0 / 3, "0.333333", 0.333333},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.text);
+        Sample sample;
+        sample.Real = c.value;
+        const XMLParser::XMLNode node = sample.ToXMLNode();
+        EXPECT_EQ(node.attributes.at("Real"), c.text);
+        EXPECT_EQ(Sample(sample.ToXMLString()).Real, c.readBack);
+        ObjectInstance instance;
+        sample.ToObjectInstance(instance);  // the property bag keeps ten digits
+        EXPECT_EQ(Convert<double>(instance.BaseObjectDescription.Categories[0].Parameters[3].Value),
+                  Convert<double>(Convert<std::string>(c.value)));
+    }
+}
+
+TEST(SampleRecord, ListsAppendAndChildrenTakeTheLast) {
+    const Sample sample(std::string(
+        "<?xml version='1.0' ?><r><Sample Capacity='12.5' Colour='junk' Unsigned='-1'>"
+        "<Names><Value Value='x' /><Other /></Names><Names><Value Value='y' /></Names>"
+        "<Items><LabelledItem Label='l' Extra='e' /></Items>"
+        "<Item Label='one' /><Item Label='two' /><LabelledItem Label='three' /></Sample></r>"));
+    EXPECT_EQ(sample.Names, (std::vector<std::string>{"x", "", "y"}));
+    ASSERT_EQ(sample.Items.size(), 1u);
+    EXPECT_EQ(sample.Items[0].Label, "l");
+    EXPECT_EQ(sample.Single.Label, "two");
+    EXPECT_EQ(sample.Capacity, 12.0);  // read as a long: the fraction is lost
+    EXPECT_EQ(sample.Colour, SampleRecords::HUE_RED);
+    EXPECT_EQ(sample.Unsigned, 4294967295u);
+}
+
+TEST(SampleRecord, ObjectInstanceFollowsTheTableMarks) {
+    Sample sample;
+    sample.Names = {"not a parameter"};
+    ObjectInstance instance;
+    sample.ToObjectInstance(instance);
+    const std::vector<ParameterRow> expected = {
+        {"Properties", "Text", 1, "default text", ""},
+        {"Properties", "Signed number", 8, "-1", ""},
+        {"Properties", "Unsigned", 8, "7", ""},
+        {"Properties", "Real", 12, "0.5", ""},
+        {"Properties", "Flag", 0, "1", ""},
+        {"Properties", "Colour", 8, "7", ""},
+        {"Properties", "Capacity", 12, "0", ""},
+        {"Properties", "Shown", 1, "shown", "shown only"},
+        {"Properties", "WellText", 7, "", ""},
+    };
+    EXPECT_EQ(marshal_test::Rows(instance), expected);
+
+    for (auto &parameter : instance.BaseObjectDescription.Categories[0].Parameters) parameter.Value = "0";
+    Sample back;
+    back.FromObjectInstance(instance);
+    EXPECT_EQ(back.Shown, "shown");  // shown only: never read back
+    EXPECT_EQ(back.Text, "0");
+    EXPECT_EQ(back.Signed, 0);
+    EXPECT_FALSE(back.Flag);
+    EXPECT_EQ(back.Colour, SampleRecords::HUE_RED);
+}
+
+TEST(SampleRecord, DerivedRecordWritesBaseFieldsFirstUnderItsOwnName) {
+    SampleRecords::LabelledItem item;
+    item.Label = "L";
+    item.Count = 4;
+    EXPECT_EQ(RecordText(item.ToXMLString()), "\t<LabelledItem Count='4' Extra='extra' Label='L' />");
+    ObjectInstance instance;
+    item.ToObjectInstance(instance);
+    const std::vector<ParameterRow> expected = {
+        {"Properties", "Label", 1, "L", ""},
+        {"Properties", "Count", 8, "4", ""},
+        {"Properties", "Extra", 1, "extra", ""},
+    };
+    EXPECT_EQ(marshal_test::Rows(instance), expected);
+    SampleRecords::LabelledItem back(item.ToXMLNode());
+    EXPECT_TRUE(back == item);
+    back.Count = 5;
+    EXPECT_FALSE(back == item);  // the base's fields count in equality
+    EXPECT_EQ(item.GetClassName(), "LabelledItem");
+}
+
+TEST(SampleRecord, EqualityIgnoresOnlyUncomparedFields) {
+    Sample a, b;
+    b.Secret = "differs";
+    EXPECT_TRUE(a == b);
+    b.Numbers.push_back(1);
+    EXPECT_FALSE(a == b);
+}
+
+}  // namespace

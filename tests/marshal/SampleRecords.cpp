@@ -1,0 +1,33 @@
+#include "SampleRecords.h"
+
+#include "qor/marshal/RecordDefinition.h"
+
+namespace SampleRecords {
+
+QOR_DEFINE_RECORD(Item,
+    attribute("Label", &Item::Label),
+    attribute("Count", &Item::Count))
+
+QOR_DEFINE_RECORD(LabelledItem,
+    base<Item>(),
+    attribute("Extra", &LabelledItem::Extra))
+
+QOR_DEFINE_RECORD(Sample,
+    attribute("Text", &Sample::Text),
+    attribute("Signed", &Sample::Signed).as("Signed number"),
+    attribute("Unsigned", &Sample::Unsigned),
+    attribute("Real", &Sample::Real),
+    attribute("Flag", &Sample::Flag),
+    enumAttribute("Colour", &Sample::Colour),
+    attribute("Capacity", &Sample::Capacity).readAsLong(),
+    attribute("Shown", &Sample::Shown).shownOnly().describedAs("shown only"),
+    attribute("WellText", &Sample::WellText).parameterType(ObjectInstanceXMLMarshaller::PARAMETER_TYPE_WELL_SELECT),
+    attribute("Secret", &Sample::Secret).noParameter().notCompared(),
+    list("Names", &Sample::Names),
+    list("Numbers", &Sample::Numbers).wrapperAlways(),
+    list("Items", &Sample::Items),
+    child("Item", &Sample::Single))
+
+QOR_DEFINE_RECORD(Ping, fileType("Query"))
+
+}  // namespace SampleRecords
