@@ -4,4 +4,7 @@
 
 #include "qor/settings/RegVal.h"
 #include "qor/settings/Registry.h"
+#include "qor/settings/RegistryMRU.h"
+#include "qor/settings/RegistryMap.h"
 #include "qor/settings/RegistryStore.h"
+#include "qor/settings/XMLRegistry.h"

@@ -1,0 +1,242 @@
+// XMLRegistry: the exported document, the import, and every refusal.
+#include <string>
+
+#include "SettingsTestSupport.h"
+#include "qor/settings/XMLRegistry.h"
+#include "qor/xml/MD5Checksum.h"
+
+namespace {
+
+using settings_test::SettingsTest;
+
+const char *const kFileType = "Settings";
+
+class XMLRegistryTest : public SettingsTest {
+protected:
+    // The document with its sum replaced by zeros; checks the sum on the way.
+    static std::string WithoutSum(std::string xml) {
+        const std::string key = "md5sum='";
+        const std::size_t at = xml.find(key);
+        EXPECT_NE(at, std::string::npos);
+        if (at == std::string::npos) return xml;
+        const std::string sum = xml.substr(at + key.size(), 32);
+        xml.replace(at + key.size(), 32, std::string(32, '0'));
+        EXPECT_EQ(CMD5Checksum::GetMD5(xml), sum);
+        return xml;
+    }
+    std::string Export(const char *path, const std::string &extra) {
+        std::string xml;
+        EXPECT_TRUE(xmlRegistry.ExportXML(path, xml, kFileType, "1.0", extra));
+        return xml;
+    }
+    bool Import(const char *parent, const std::string &xml, const std::string &entry = "") {
+        error.clear();
+        return xmlRegistry.ImportXML(parent, xml, kFileType, error, entry);
+    }
+
+    CRegistry registry;
+    XMLRegistry xmlRegistry{HKEY_CURRENT_USER};
+    std::string error;
+};
+
+TEST_F(XMLRegistryTest, ExportWritesTheDocumentFormat) {
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Name", "arm & 'hand'"), 1);
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Speed", 0xFFFFFFFFul), 1);
+    CRegVal big(7ul);
+    big.SetType(5);
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Big", big), 1);
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Ports", CStringArray{"COM1", "COM2"}), 1);
+    unsigned char raw[] = {1, 2};
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Raw", raw, 2), 1);
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper", "Force", 12ul), 1);
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper\\Empty", nullptr, nullptr), 1);
+    ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Axis", nullptr, nullptr), 1);
+
+    const std::string expected =
+        "<?xml version='1.0' encoding='ASCII' ?>\n"
+        "<Brindlemar extrainfo='Arm &amp; co' file='Settings' md5sum='00000000000000000000000000000000' version='1.0' >\n"
+        "\t<values >\n"
+        "\t\t<value name='Name' type='1' value='arm &amp; &apos;hand&apos;' />\n"
+        "\t\t<value name='Speed' type='4' value='-1' />\n"
+        "\t\t<value name='Big' type='5' value='7' />\n"
+        "\t\t<value name='Ports' type='7' value.0='COM1' value.1='COM2' />\n"
+        "\t\t<value name='Raw' type='3' value='Registry data type not supported' />\n"
+        "\t</values>\n"
+        "\t<subkeys >\n"
+        "\t\t<subkey name='Axis' >\n"
+        "\t\t\t<values />\n"
+        "\t\t\t<subkeys />\n"
+        "\t\t</subkey>\n"
+        "\t\t<subkey name='Gripper' >\n"
+        "\t\t\t<values >\n"
+        "\t\t\t\t<value name='Force' type='4' value='12' />\n"
+        "\t\t\t</values>\n"
+        "\t\t\t<subkeys >\n"
+        "\t\t\t\t<subkey name='Empty' >\n"
+        "\t\t\t\t\t<values />\n"
+        "\t\t\t\t\t<subkeys />\n"
+        "\t\t\t\t</subkey>\n"
+        "\t\t\t</subkeys>\n"
+        "\t\t</subkey>\n"
+        "\t</subkeys>\n"
+        "</Brindlemar>";
+    EXPECT_EQ(WithoutSum(Export("Lab\\Arm", "Arm & co")), expected);
+}
+
+TEST_F(XMLRegistryTest, AnEmptyOrMissingKeyExportsEmptyValuesAndSubkeys) {
+    ASSERT_EQ(registry.SaveKey("Lab\\Blank", nullptr, nullptr), 1);
+    const std::string empty =
+        "<?xml version='1.0' encoding='ASCII' ?>\n"
+        "<Brindlemar extrainfo='Blank' file='Settings' md5sum='00000000000000000000000000000000' version='1.0' >\n"
+        "\t<values />\n"
+        "\t<subkeys />\n"
+        "</Brindlemar>";
+    const std::string xml = Export("Lab\\Blank", "Blank");
+    EXPECT_EQ(WithoutSum(xml), empty);
+    EXPECT_EQ(WithoutSum(Export("Lab\\Nowhere", "Blank")), empty);
+
+    // Importing it creates the key, and nothing in it.
+    ASSERT_TRUE(Import("Copies\\", xml)) << error;
+    unsigned long subkeys = 9, values = 9;
+    EXPECT_EQ(registry.HasEntries("Copies\\Blank", &subkeys, &values), 0);
+    EXPECT_EQ(subkeys + values, 0u);
+    EXPECT_EQ(registry.HasEntries("Copies", &subkeys, &values), 1);
+    EXPECT_EQ(subkeys, 1u);
+}
+
+TEST_F(XMLRegistryTest, ImportBringsNumbersBackAsNumbersAndAllElseAsStrings) {
+    ASSERT_EQ(registry.SaveKey("Src", "Dword", 7ul), 1);
+    ASSERT_EQ(registry.SaveKey("Src", "High", 0x80000001ul), 1);
+    CRegVal big(7ul);
+    big.SetType(5);
+    ASSERT_EQ(registry.SaveKey("Src", "Big", big), 1);
+    ASSERT_EQ(registry.SaveKey("Src", "List", CStringArray{"a", "b"}), 1);
+    unsigned char raw[] = {1};
+    ASSERT_EQ(registry.SaveKey("Src", "Raw", raw, 1), 1);
+    ASSERT_EQ(registry.SaveKey("Src\\Deep\\Deeper", "Text", "t"), 1);
+    const std::string xml = Export("Src", "Original");
+
+    ASSERT_TRUE(Import("Imported\\", xml, "Renamed")) << error;
+    unsigned long number = 0;
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Dword", number), 1);
+    EXPECT_EQ(number, 7u);
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "High", number), 1);
+    EXPECT_EQ(number, 0x80000001ul);
+    std::string text;
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Big", text), 1);
+    EXPECT_EQ(text, "7");
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "List", text), 1);
+    EXPECT_EQ(text, "");
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Raw", text), 1);
+    EXPECT_EQ(text, "Registry data type not supported");
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed\\Deep\\Deeper", "Text", text), 1);
+    EXPECT_EQ(text, "t");
+
+    // Without an entry name the document's own name is used; the parent
+    // path is taken as it stands.
+    ASSERT_TRUE(Import("", xml)) << error;
+    EXPECT_EQ(registry.LoadKey("Original", "Dword", number), 1);
+}
+
+TEST_F(XMLRegistryTest, ImportSkipsEmptyValuesAndReadsNumbersAsAStreamDoes) {
+    const std::string xml =
+        "<?xml version='1.0' ?><Brindlemar file='Settings' extrainfo='E'>"
+        "<values><value /><value name='' type='' value='' />"
+        "<value name='neg' type='4' value='-1' /><value name='junk' type='4' value='12abc' />"
+        "<value name='bad' type='4' value='abc' /><value name='notype' value='v' />"
+        "</values></Brindlemar>";
+    ASSERT_TRUE(Import("", xml)) << error;
+    unsigned long values = 0;
+    EXPECT_EQ(registry.HasEntries("E", nullptr, &values), 1);
+    EXPECT_EQ(values, 4u);
+    unsigned long number = 1;
+    EXPECT_EQ(registry.LoadKey("E", "neg", number), 1);
+    EXPECT_EQ(number, 0xFFFFFFFFul);
+    EXPECT_EQ(registry.LoadKey("E", "junk", number), 1);
+    EXPECT_EQ(number, 12u);
+    EXPECT_EQ(registry.LoadKey("E", "bad", number), 1);
+    EXPECT_EQ(number, 0u);
+    std::string text;
+    EXPECT_EQ(registry.LoadKey("E", "notype", text), 1);
+    EXPECT_EQ(text, "v");
+}
+
+TEST_F(XMLRegistryTest, ImportRefusesWithTheSystemsWords) {
+    struct Row {
+        const char *what;
+        const char *parent;
+        std::string xml;
+        const char *entry;
+        std::string error;
+    };
+    const std::string head = "<?xml version='1.0' ?>";
+    const std::string permission =
+        "Please make sure you have permission to write at the specified location: ";
+    const Row rows[] = {
+        {"file type", "", head + "<Brindlemar file='Other' extrainfo='E'><values /><subkeys /></Brindlemar>", "",
+         "The file type is incorrect."},
+        {"no file type", "", head + "<Brindlemar extrainfo='E'><values /></Brindlemar>", "",
+         "The file type is incorrect."},
+        {"empty name", "", head + "<Brindlemar file='Settings'><values /></Brindlemar>", "",
+         "The entry name is empty."},
+        {"empty name despite entry", "", head + "<Brindlemar file='Settings' extrainfo=''><values /></Brindlemar>",
+         "Given", "The entry name is empty."},
+        {"no children", "", head + "<Brindlemar file='Settings' extrainfo='E' />", "", "The xml file is invalid."},
+        {"subkeys first", "", head + "<Brindlemar file='Settings' extrainfo='E'><subkeys /><values /></Brindlemar>",
+         "", "The xml file is invalid."},
+        {"second not subkeys", "",
+         head + "<Brindlemar file='Settings' extrainfo='E'><values /><other /></Brindlemar>", "",
+         "The xml file is invalid."},
+        {"subkey without values", "",
+         head + "<Brindlemar file='Settings' extrainfo='E'><values /><subkeys><subkey name='S' /></subkeys></Brindlemar>",
+         "", "The xml file is invalid."},
+        {"unwritable key", "\\", head + "<Brindlemar file='Settings' extrainfo='E'><values /></Brindlemar>", "",
+         permission + "\\E\\"},
+        {"unwritable value", "",
+         head + "<Brindlemar file='Settings' extrainfo='E'><values><value name='" + std::string(16384, 'n') +
+             "' value='v' /></values></Brindlemar>",
+         "", permission + "E\\"},
+        {"unwritable subkey", "",
+         head + "<Brindlemar file='Settings' extrainfo='E'><values /><subkeys><subkey name='" +
+             std::string(256, 'k') + "'><values /></subkey></subkeys></Brindlemar>",
+         "", permission + "E\\" + std::string(256, 'k') + "\\"},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.what);
+        EXPECT_FALSE(Import(row.parent, row.xml, row.entry));
+        EXPECT_EQ(error, row.error);
+    }
+}
+
+TEST_F(XMLRegistryTest, AFailedImportKeepsWhatItWroteBefore) {
+    const std::string xml =
+        "<?xml version='1.0' ?><Brindlemar file='Settings' extrainfo='Partial'>"
+        "<values><value name='first' type='1' value='kept' /></values>"
+        "<subkeys><subkey name='Good'><values><value name='v' type='4' value='1' /></values></subkey>"
+        "<subkey name='Bad'><subkeys /></subkey></subkeys></Brindlemar>";
+    EXPECT_FALSE(Import("", xml));
+    EXPECT_EQ(error, "The xml file is invalid.");
+    std::string text;
+    EXPECT_EQ(registry.LoadKey("Partial", "first", text), 1);
+    EXPECT_EQ(text, "kept");
+    unsigned long number = 0;
+    EXPECT_EQ(registry.LoadKey("Partial\\Good", "v", number), 1);
+}
+
+TEST_F(XMLRegistryTest, DocumentsTheXMLLayerCannotReadThrowItsException) {
+    const char *const broken[] = {"", "no tags at all", "<a />", "<?xml version='1.0' ?><a><b></a>",
+                                  "<?xml version='1.0' ?><a x ></a>", "<?xml version='2.0' ?><a />"};
+    for (const char *xml : broken) {
+        SCOPED_TRACE(xml);
+        EXPECT_THROW(Import("", xml), XMLParserException);
+    }
+}
+
+// A walk through an XMLRegistry outside an export finds no document to
+// fill, and stops instead of touching one.
+TEST_F(XMLRegistryTest, HooksOutsideAnExportStopTheWalk) {
+    ASSERT_EQ(registry.SaveKey("W", "v", "1"), 1);
+    EXPECT_EQ(xmlRegistry.RegistryTreeWalk("W", 3), 0);
+}
+
+}  // namespace
