@@ -1,0 +1,162 @@
+#include "qor/host/PeResource.h"
+
+#include <cstring>
+
+namespace qor {
+namespace {
+
+constexpr std::uint32_t kResourceDirectoryIndex = 2;
+constexpr std::uint32_t kRtVersion = 16;
+constexpr std::size_t kSectionHeaderSize = 40;
+constexpr std::size_t kResourceDirectoryHeaderSize = 16;
+
+// Little-endian reads that fail instead of running past the end.
+class PeReader {
+public:
+    explicit PeReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+
+    bool Has(std::size_t offset, std::size_t size) const {
+        return offset <= bytes_.size() && size <= bytes_.size() - offset;
+    }
+    std::optional<std::uint16_t> U16(std::size_t offset) const {
+        if (!Has(offset, 2)) return std::nullopt;
+        return static_cast<std::uint16_t>(bytes_[offset] | (bytes_[offset + 1] << 8));
+    }
+    std::optional<std::uint32_t> U32(std::size_t offset) const {
+        if (!Has(offset, 4)) return std::nullopt;
+        return static_cast<std::uint32_t>(bytes_[offset]) |
+               (static_cast<std::uint32_t>(bytes_[offset + 1]) << 8) |
+               (static_cast<std::uint32_t>(bytes_[offset + 2]) << 16) |
+               (static_cast<std::uint32_t>(bytes_[offset + 3]) << 24);
+    }
+    std::span<const std::uint8_t> Bytes(std::size_t offset, std::size_t size) const {
+        return bytes_.subspan(offset, size);
+    }
+
+private:
+    std::span<const std::uint8_t> bytes_;
+};
+
+struct PeSection {
+    std::uint32_t virtualAddress;
+    std::uint32_t virtualSize;
+    std::uint32_t rawOffset;
+    std::uint32_t rawSize;
+};
+
+// Maps a relative virtual address to a file offset through the section table.
+// `size` bytes from there must lie inside the section's raw data.
+std::optional<std::size_t> RvaToOffset(const std::vector<PeSection> &sections, std::uint32_t rva,
+                                       std::uint32_t size) {
+    for (const PeSection &s : sections) {
+        std::uint64_t span = std::max(s.virtualSize, s.rawSize);
+        if (rva < s.virtualAddress || rva - std::uint64_t(s.virtualAddress) >= span) continue;
+        std::uint64_t delta = rva - s.virtualAddress;
+        if (delta + size > s.rawSize) return std::nullopt;
+        return static_cast<std::size_t>(s.rawOffset + delta);
+    }
+    return std::nullopt;
+}
+
+// The first entry of a resource directory, or the one with `id` when given.
+// Returns the entry's offset-to-data field (high bit: a subdirectory).
+std::optional<std::uint32_t> DirectoryEntry(const PeReader &pe, std::size_t directory,
+                                            std::size_t resourceSize, std::optional<std::uint32_t> id) {
+    if (!pe.Has(directory, kResourceDirectoryHeaderSize)) return std::nullopt;
+    std::uint32_t named = *pe.U16(directory + 12);
+    std::uint32_t numbered = *pe.U16(directory + 14);
+    std::size_t entries = directory + kResourceDirectoryHeaderSize;
+    for (std::uint32_t i = 0; i < named + numbered; ++i) {
+        auto name = pe.U32(entries + i * 8);
+        auto data = pe.U32(entries + i * 8 + 4);
+        if (!name || !data) return std::nullopt;
+        if (id && ((*name & 0x80000000u) != 0 || *name != *id)) continue;
+        if ((*data & 0x7FFFFFFFu) >= resourceSize) return std::nullopt;
+        return *data;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::vector<std::uint8_t>> FindVersionResource(std::span<const std::uint8_t> image) {
+    PeReader pe(image);
+    if (!pe.Has(0, 0x40) || image[0] != 'M' || image[1] != 'Z') return std::nullopt;
+    std::size_t peHeader = *pe.U32(0x3C);
+    if (!pe.Has(peHeader, 24) || std::memcmp(image.data() + peHeader, "PE\0\0", 4) != 0)
+        return std::nullopt;
+    std::size_t coff = peHeader + 4;
+    std::uint32_t sectionCount = *pe.U16(coff + 2);
+    std::uint32_t optionalSize = *pe.U16(coff + 16);
+    std::size_t optional = coff + 20;
+    auto magic = pe.U16(optional);
+    if (!magic) return std::nullopt;
+    // The data directories follow the fixed fields, whose length depends on
+    // whether the image is 32- or 64-bit.
+    std::size_t directoriesAt;
+    if (*magic == 0x10B) directoriesAt = 96;
+    else if (*magic == 0x20B) directoriesAt = 112;
+    else return std::nullopt;
+    auto directoryCount = pe.U32(optional + directoriesAt - 4);
+    if (!directoryCount || *directoryCount <= kResourceDirectoryIndex) return std::nullopt;
+    std::size_t resourceEntry = directoriesAt + kResourceDirectoryIndex * 8;
+    if (resourceEntry + 8 > optionalSize) return std::nullopt;
+    auto resourceRva = pe.U32(optional + resourceEntry);
+    auto resourceSize = pe.U32(optional + resourceEntry + 4);
+    if (!resourceRva || !resourceSize || *resourceRva == 0 || *resourceSize == 0)
+        return std::nullopt;
+
+    std::vector<PeSection> sections;
+    std::size_t table = optional + optionalSize;
+    for (std::uint32_t i = 0; i < sectionCount; ++i) {
+        std::size_t at = table + i * kSectionHeaderSize;
+        if (!pe.Has(at, kSectionHeaderSize)) return std::nullopt;
+        PeSection s{*pe.U32(at + 12), *pe.U32(at + 8), *pe.U32(at + 20), *pe.U32(at + 16)};
+        // Raw data that runs past the end of the file is cut to what is there.
+        if (s.rawOffset > image.size()) continue;
+        s.rawSize = static_cast<std::uint32_t>(
+            std::min<std::uint64_t>(s.rawSize, image.size() - s.rawOffset));
+        sections.push_back(s);
+    }
+
+    // The resource tree is read inside its section only, however large its
+    // directory entry claims it to be.
+    std::uint32_t treeSize = 0;
+    std::optional<std::size_t> tree;
+    for (const PeSection &s : sections) {
+        std::uint64_t span = std::max(s.virtualSize, s.rawSize);
+        if (*resourceRva < s.virtualAddress || *resourceRva - std::uint64_t(s.virtualAddress) >= span)
+            continue;
+        std::uint32_t delta = *resourceRva - s.virtualAddress;
+        if (delta >= s.rawSize) return std::nullopt;
+        treeSize = std::min(*resourceSize, s.rawSize - delta);
+        tree = s.rawOffset + delta;
+        break;
+    }
+    if (!tree) return std::nullopt;
+
+    // Three levels: type, name, language. Each must be a subdirectory but the
+    // last, which points at the data entry.
+    std::optional<std::uint32_t> ids[3] = {kRtVersion, std::nullopt, std::nullopt};
+    std::size_t directory = *tree;
+    std::uint32_t leaf = 0;
+    for (int level = 0; level < 3; ++level) {
+        auto entry = DirectoryEntry(pe, directory, treeSize, ids[level]);
+        if (!entry) return std::nullopt;
+        bool subdirectory = (*entry & 0x80000000u) != 0;
+        if (subdirectory != (level < 2)) return std::nullopt;
+        directory = *tree + (*entry & 0x7FFFFFFFu);
+        leaf = *entry;
+    }
+    std::size_t dataEntry = *tree + leaf;
+    if (!pe.Has(dataEntry, 16) || leaf + 16 > treeSize) return std::nullopt;
+    std::uint32_t dataRva = *pe.U32(dataEntry);
+    std::uint32_t dataSize = *pe.U32(dataEntry + 4);
+    if (dataSize == 0) return std::nullopt;
+    auto data = RvaToOffset(sections, dataRva, dataSize);
+    if (!data) return std::nullopt;
+    auto bytes = pe.Bytes(*data, dataSize);
+    return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
+}
+
+}  // namespace qor

@@ -1,0 +1,245 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <fstream>
+#include <random>
+#include <string>
+
+#include "PeBuilder.h"
+#include "qor/host/OSVersionInfo.h"
+#include "qor/host/VersionInfo.h"
+
+namespace {
+
+using qor::test::BuildPeImage;
+using qor::test::BuildVersionResource;
+using qor::test::TypicalVersionSpec;
+using qor::test::VersionResourceSpec;
+
+CVersionInfo LoadImage(const std::vector<std::uint8_t> &image) {
+    CVersionInfo info;
+    info.LoadFromMemory(image.data(), image.size());
+    return info;
+}
+
+std::string WriteTempFile(const std::vector<std::uint8_t> &bytes) {
+    char path[] = "/tmp/qor-version-XXXXXX";
+    int fd = ::mkstemp(path);
+    EXPECT_GE(fd, 0);
+    ::close(fd);
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char *>(bytes.data()),
+                                                static_cast<std::streamsize>(bytes.size()));
+    return path;
+}
+
+class VersionInfoImage : public ::testing::TestWithParam<bool> {};
+
+TEST_P(VersionInfoImage, ReadsFixedPartAndStringsFromAFile) {
+    qor::test::PeImageSpec pe;
+    pe.pe32Plus = GetParam();
+    std::string path = WriteTempFile(BuildPeImage(BuildVersionResource(TypicalVersionSpec()), pe));
+    CVersionInfo info(path);
+    std::remove(path.c_str());
+
+    ASSERT_NE(info.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(info.GetFixedFileInfo()->dwSignature, 0xFEEF04BDu);
+    EXPECT_EQ(info.GetFileVersion(), 0x0001000200030004ULL);
+    EXPECT_EQ(info.GetProductVersion(), 0x0005000600070008ULL);
+    EXPECT_EQ(info.GetFileFlags(), 1u);
+    EXPECT_EQ(info.GetFileFlagsMask(), 0x3Fu);
+    EXPECT_EQ(info.GetOS(), 0x40004u);
+    EXPECT_EQ(info.GetFileType(), 2u);
+    EXPECT_EQ(info.GetFileSubType(), 0u);
+    EXPECT_EQ(info.GetCreationTime().dwHighDateTime, 0x01D2u);
+    EXPECT_EQ(info.GetCreationTime().dwLowDateTime, 0x12345678u);
+
+    EXPECT_EQ(info.GetCompanyName(), "Example Instruments Ltd");
+    EXPECT_EQ(info.GetFileDescription(), "Plate handler driver");
+    EXPECT_EQ(info.GetInternalName(), "platehandler");
+    EXPECT_EQ(info.GetLegalCopyright(), "(c) the makers");
+    EXPECT_EQ(info.GetOriginalFilename(), "platehandler.dll");
+    EXPECT_EQ(info.GetFileVersionAsString(), "1.2.3.4");
+    EXPECT_EQ(info.GetProductVersionAsString(), "5.6.7.8");
+    EXPECT_EQ(info.GetComments(), "Unknown");
+    EXPECT_EQ(info.GetValue("SpecialBuild", "none"), "none");
+    // The product name is asked for as "Productname": a resource keyed the
+    // usual way does not answer it.
+    EXPECT_EQ(info.GetProductName(), "Unknown");
+    EXPECT_EQ(info.GetValue("ProductName"), "Scheduler");
+}
+
+INSTANTIATE_TEST_SUITE_P(Pe32AndPe32Plus, VersionInfoImage, ::testing::Values(false, true));
+
+TEST(VersionInfo, ProductnameKeyWithSmallNIsFound) {
+    VersionResourceSpec spec = TypicalVersionSpec();
+    spec.tables[0].values.push_back({"Productname", "Small n"});
+    EXPECT_EQ(LoadImage(BuildPeImage(BuildVersionResource(spec))).GetProductName(), "Small n");
+}
+
+TEST(VersionInfo, VersionTextsAreNormalised) {
+    struct Case {
+        const char *fileVersion;
+        const char *expectFile;
+        const char *productVersion;
+        const char *expectProduct;
+    };
+    const Case cases[] = {
+        {"1, 2, 3, 4", "1.2.3.4", "1, 2, 3, 4", "1.2.3.4"},
+        {"7", "7.0.0", "7", "7"},
+        {"7, 1", "7.1.0", "7, 1", "7.1"},
+        {" 2 . 0 . 1 . 9 ", "2.0.1.9", "2,0", "2.0"},
+        {"3.1.4", "3.1.4", "", ""},
+    };
+    for (const Case &c : cases) {
+        VersionResourceSpec spec = TypicalVersionSpec();
+        spec.tables[0].values = {{"FileVersion", c.fileVersion}, {"ProductVersion", c.productVersion}};
+        CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+        EXPECT_EQ(info.GetFileVersionAsString(), c.expectFile) << c.fileVersion;
+        EXPECT_EQ(info.GetProductVersionAsString(), c.expectProduct) << c.productVersion;
+    }
+}
+
+TEST(VersionInfo, TranslationsSelectTheStringTable) {
+    VersionResourceSpec spec = TypicalVersionSpec();
+    spec.tables = {{"040904B0", {{"CompanyName", "English"}}}, {"040704b0", {{"CompanyName", "Deutsch"}}}};
+    spec.translations = {{0x0409, 0x04B0}, {0x0407, 0x04B0}};
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    ASSERT_EQ(info.GetTranslationCount(), 2);
+    EXPECT_EQ(info.GetTranslation(1)->language, 0x0407);
+    EXPECT_EQ(info.GetTranslation(1)->codePage, 0x04B0);
+    EXPECT_EQ(info.GetTranslation(2), nullptr);
+    // The table key's hex digits match whatever their case.
+    EXPECT_EQ(info.GetCompanyName(), "English");
+    EXPECT_TRUE(info.SetTranslation(1));
+    EXPECT_EQ(info.GetCompanyName(), "Deutsch");
+    EXPECT_FALSE(info.SetTranslation(2));
+    EXPECT_FALSE(info.SetTranslation(-1));
+    EXPECT_EQ(info.GetCompanyName(), "Deutsch");
+}
+
+TEST(VersionInfo, TableThatNoTranslationNamesIsNotRead) {
+    // Real files list 0409 and hold a table for 0809; the reads find nothing.
+    VersionResourceSpec spec = TypicalVersionSpec();
+    spec.tables[0].key = "080904b0";
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    EXPECT_EQ(info.GetCompanyName(), "Unknown");
+    EXPECT_EQ(info.GetFileVersionAsString(), "Unknown");
+    ASSERT_NE(info.GetVersionBlock(), nullptr);
+    EXPECT_NE(qor::FindVersionBlock(*info.GetVersionBlock(), "\\StringFileInfo\\080904B0\\CompanyName"), nullptr);
+}
+
+TEST(VersionInfo, StringTablesStandInForAMissingTranslationList) {
+    VersionResourceSpec spec = TypicalVersionSpec();
+    spec.withTranslations = false;
+    spec.tables[0].key = "041104e4";
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    ASSERT_EQ(info.GetTranslationCount(), 1);
+    EXPECT_EQ(info.GetTranslation(0)->language, 0x0411);
+    EXPECT_EQ(info.GetCompanyName(), "Example Instruments Ltd");
+}
+
+TEST(VersionInfo, ResourceWithoutFixedPartStillGivesStrings) {
+    VersionResourceSpec spec = TypicalVersionSpec();
+    spec.withFixedInfo = false;
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(info.GetFileVersion(), 0u);
+    EXPECT_EQ(info.GetInternalName(), "platehandler");
+}
+
+TEST(VersionInfo, FilesWithoutAResourceLeaveTheObjectEmpty) {
+    std::string text = WriteTempFile({'h', 'e', 'l', 'l', 'o'});
+    std::string folder = "/tmp";
+    for (const std::string &path : {std::string("/nonexistent/qor.dll"), text, folder}) {
+        CVersionInfo info;
+        EXPECT_EQ(info.Load(path), 0) << path;
+        EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
+        EXPECT_EQ(info.GetFileVersion(), 0u);
+        EXPECT_EQ(info.GetTranslationCount(), 0);
+        EXPECT_EQ(info.GetCompanyName(), "Unknown");
+        EXPECT_EQ(info.GetFileVersionAsString(), "Unknown");
+    }
+    std::remove(text.c_str());
+    // A failed load forgets what an earlier one held.
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(TypicalVersionSpec())));
+    ASSERT_NE(info.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(info.Load("/nonexistent/qor.dll"), 0);
+    EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(info.GetCompanyName(), "Unknown");
+}
+
+TEST(VersionInfo, RunningProgramIsNoPeFile) {
+    CVersionInfo self(static_cast<HINSTANCE__ *>(nullptr));
+    EXPECT_EQ(self.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(self.GetTranslationCount(), 0);
+}
+
+// Every prefix of a valid image, and images with bytes changed at random,
+// must load or fail cleanly (the sanitizer build checks the memory side).
+TEST(VersionInfo, TruncatedAndDamagedImagesNeverCrash) {
+    const auto image = BuildPeImage(BuildVersionResource(TypicalVersionSpec()));
+    for (std::size_t size = 0; size < image.size(); ++size) {
+        CVersionInfo info;
+        int loaded = info.LoadFromMemory(image.data(), size);
+        if (loaded) {
+            info.GetCompanyName();
+            info.GetFileVersionAsString();
+        }
+    }
+    std::mt19937 random(20261122);
+    for (int round = 0; round < 3000; ++round) {
+        auto damaged = image;
+        int changes = 1 + static_cast<int>(random() % 8);
+        for (int i = 0; i < changes; ++i) damaged[random() % damaged.size()] = static_cast<std::uint8_t>(random());
+        CVersionInfo info = LoadImage(damaged);
+        for (int t = 0; t < info.GetTranslationCount(); ++t) {
+            info.SetTranslation(t);
+            info.GetCompanyName();
+            info.GetFileVersionAsString();
+            info.GetProductVersionAsString();
+        }
+    }
+}
+
+TEST(VersionInfo, HostileSizesAreBoundedByTheirParents) {
+    auto resource = BuildVersionResource(TypicalVersionSpec());
+    // A root that claims to be far longer than the resource, and a child
+    // claiming more than its parent: both are cut, nothing is read beyond.
+    resource[0] = 0xFF;
+    resource[1] = 0xFF;
+    CVersionInfo info = LoadImage(BuildPeImage(resource));
+    EXPECT_EQ(info.GetFileVersion(), 0x0001000200030004ULL);
+    auto zeroLength = BuildVersionResource(TypicalVersionSpec());
+    zeroLength[0] = zeroLength[1] = 0;
+    EXPECT_EQ(LoadImage(BuildPeImage(zeroLength)).GetFixedFileInfo(), nullptr);
+}
+
+TEST(OSVersionInfo, CodeTable) {
+    struct Row {
+        unsigned major, minor, platform;
+        int code;
+    };
+    const Row rows[] = {
+        {3, 51, 2, 1}, {3, 10, 2, 0}, {4, 0, 2, 2}, {4, 0, 1, 3}, {4, 0, 0, 0},  {4, 10, 1, 4},
+        {4, 90, 1, 5}, {4, 20, 2, 0}, {5, 0, 2, 6}, {5, 1, 2, 7}, {5, 2, 2, 8},  {5, 3, 2, 0},
+        {6, 0, 2, 9},  {6, 3, 2, 9},  {6, 18, 2, 9}, {10, 0, 2, 0}, {2, 0, 2, 0}, {7, 0, 2, 0},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(OSVersionInfo::CodeFor(row.major, row.minor, row.platform), row.code)
+            << row.major << "." << row.minor << " platform " << row.platform;
+}
+
+TEST(OSVersionInfo, KernelReleaseFeedsTheTable) {
+    OSVERSIONINFOA info{};
+    EXPECT_FALSE(qor::GetVersionExA(&info));  // size not set
+    info.dwOSVersionInfoSize = sizeof info;
+    ASSERT_TRUE(qor::GetVersionExA(&info));
+    EXPECT_EQ(info.dwPlatformId, VER_PLATFORM_WIN32_NT);
+    int expected = info.dwMajorVersion < 3 || info.dwMajorVersion > 6
+                       ? 0
+                       : OSVersionInfo::CodeFor(info.dwMajorVersion, info.dwMinorVersion, info.dwPlatformId);
+    EXPECT_EQ(OSVersionInfo::GetOSVersionInfo(), expected);
+}
+
+}  // namespace
