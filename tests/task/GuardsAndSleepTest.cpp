@@ -1,0 +1,135 @@
+// The scope guards and the pumping sleeps.
+#include <gtest/gtest.h>
+
+#include "TaskFixtures.h"
+
+namespace tasktest {
+namespace {
+
+// Whether another thread could enter `section` right now.
+bool OtherThreadCanEnter(CRITICAL_SECTION &section) {
+    BOOL entered = FALSE;
+    HANDLE thread = qor::BeginThread([&]() -> DWORD {
+        entered = TryEnterCriticalSection(&section);
+        if (entered) LeaveCriticalSection(&section);
+        return 0;
+    });
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+    return entered != FALSE;
+}
+
+TEST(LockGuards, SectionGuardsHoldForTheirScope) {
+    CCriticalSection object;
+    CRITICAL_SECTION plain;
+    InitializeCriticalSection(&plain);
+    {
+        CCSAutoLock lock(plain, "label");
+        EXPECT_FALSE(OtherThreadCanEnter(plain));
+    }
+    EXPECT_TRUE(OtherThreadCanEnter(plain));
+    {
+        CThreadAutolock lock(plain);
+        EXPECT_FALSE(OtherThreadCanEnter(plain));
+    }
+    EXPECT_TRUE(OtherThreadCanEnter(plain));
+    {
+        auto_lock lock(object);
+        EXPECT_FALSE(OtherThreadCanEnter(object.m_sect));
+    }
+    EXPECT_TRUE(OtherThreadCanEnter(object.m_sect));
+    DeleteCriticalSection(&plain);
+}
+
+TEST(LockGuards, AutoMutexOwnsTheMutexForItsScope) {
+    HANDLE mutex = CreateMutex(nullptr, FALSE, nullptr);
+    auto takenElsewhere = [mutex] {
+        DWORD result = WAIT_FAILED;
+        HANDLE thread = qor::BeginThread([&]() -> DWORD {
+            result = WaitForSingleObject(mutex, 0);
+            if (result == WAIT_OBJECT_0) ReleaseMutex(mutex);
+            return 0;
+        });
+        WaitForSingleObject(thread, INFINITE);
+        CloseHandle(thread);
+        return result == WAIT_OBJECT_0;
+    };
+    {
+        auto_mutex hold(mutex);
+        EXPECT_FALSE(takenElsewhere());
+    }
+    EXPECT_TRUE(takenElsewhere());
+    CloseHandle(mutex);
+}
+
+TEST(LockGuards, AutoBoolInvertsAndAutoIncDecCounts) {
+    CCriticalSection lock;
+    bool volatile flag = false;
+    unsigned long volatile counter = 5;
+    {
+        auto_bool inverted(lock, flag);
+        auto_inc_dec counted(lock, counter);
+        EXPECT_TRUE(flag);
+        EXPECT_EQ(counter, 6u);
+        // The lock is held only for the change, not the scope.
+        EXPECT_TRUE(OtherThreadCanEnter(lock.m_sect));
+    }
+    EXPECT_FALSE(flag);
+    EXPECT_EQ(counter, 5u);
+    flag = true;
+    {
+        auto_bool inverted(lock, flag);
+        EXPECT_FALSE(flag);
+    }
+    EXPECT_TRUE(flag);
+}
+
+TEST(AlertablePumpingSleep, ConsumesTheSignalOfAManualResetEvent) {
+    HANDLE event = CreateEvent(nullptr, TRUE, TRUE, nullptr);
+    EXPECT_EQ(AlertablePumpingSleep(100ul, 1u, &event), 0);
+    EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_TIMEOUT);
+    EXPECT_FALSE(AlertablePumpingSleep(0ul, event));
+    SetEvent(event);
+    EXPECT_TRUE(AlertablePumpingSleep(0ul, event));
+    CloseHandle(event);
+}
+
+TEST(AlertablePumpingSleep, ReportsTheIndexTimeoutAndFailure) {
+    HANDLE events[2] = {CreateEvent(nullptr, FALSE, FALSE, nullptr), CreateEvent(nullptr, FALSE, TRUE, nullptr)};
+    EXPECT_EQ(AlertablePumpingSleep(0xFFFFFFFFul, 2u, events), 1);
+    EXPECT_EQ(AlertablePumpingSleep(10ul, 2u, events), -1);
+    HANDLE closed = CreateEvent(nullptr, FALSE, FALSE, nullptr);
+    CloseHandle(closed);
+    EXPECT_EQ(AlertablePumpingSleep(10ul, 1u, &closed), -2);
+    for (HANDLE event : events) CloseHandle(event);
+}
+
+TEST(AlertablePumpingSleep, DispatchesMessagesWhileItWaits) {
+    const DWORD self = GetCurrentThreadId();
+    MSG msg;
+    PeekMessage(&msg, nullptr, 0, 0, PM_NOREMOVE);
+    HANDLE done = CreateEvent(nullptr, FALSE, FALSE, nullptr);
+    HANDLE served = CreateEvent(nullptr, FALSE, FALSE, nullptr);
+    int handled = 0;
+    qor::SetThreadMessageHandler([&](const MSG &m) -> LRESULT {
+        ++handled;
+        SetEvent(served);
+        return 0;
+    });
+    HANDLE worker = qor::BeginThread([&]() -> DWORD {
+        for (int i = 0; i < 3; ++i) {
+            PostThreadMessage(self, WM_USER + 1, i, 0);
+            WaitForSingleObject(served, INFINITE);
+        }
+        SetEvent(done);
+        return 0;
+    });
+    AlertablePumpingSleep(done);
+    EXPECT_EQ(handled, 3);
+    qor::SetThreadMessageHandler(nullptr);
+    WaitForSingleObject(worker, INFINITE);
+    for (HANDLE handle : {worker, done, served}) CloseHandle(handle);
+}
+
+}  // namespace
+}  // namespace tasktest

@@ -1,0 +1,143 @@
+// The thread pool: worker reuse, growth, finishedEvent rules, destruction.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <vector>
+
+#include "TaskFixtures.h"
+
+namespace tasktest {
+namespace {
+
+// A job that notes its thread, then waits for its gate if it has one.
+struct Job {
+    HANDLE gate = nullptr;
+    std::atomic<DWORD> thread{0};
+    HANDLE started = CreateEvent(nullptr, TRUE, FALSE, nullptr);
+    ~Job() { CloseHandle(started); }
+    static unsigned Run(void *argument) {
+        auto *job = static_cast<Job *>(argument);
+        job->thread = GetCurrentThreadId();
+        SetEvent(job->started);
+        if (job->gate) WaitForSingleObject(job->gate, INFINITE);
+        return 0;
+    }
+};
+
+TEST(ThreadPool, KeepsFinishedEventOpenWhenAskedAndSignalsIt) {
+    CThreadPool pool(1, 1, false);
+    Job first, second;
+    HANDLE firstDone = pool.StartThread(Job::Run, &first, false);
+    ASSERT_NE(firstDone, nullptr);
+    ASSERT_EQ(WaitForSingleObject(firstDone, INFINITE), WAIT_OBJECT_0);
+    Gate gate;
+    second.gate = gate.handle;
+    HANDLE secondDone = pool.StartThread(Job::Run, &second, false);
+    // The same worker, with a fresh event that the first job's end did not signal.
+    EXPECT_NE(secondDone, firstDone);
+    WaitForSingleObject(second.started, INFINITE);
+    EXPECT_EQ(second.thread.load(), first.thread.load());
+    EXPECT_EQ(WaitForSingleObject(secondDone, 0), WAIT_TIMEOUT);
+    gate.Open();
+    EXPECT_EQ(WaitForSingleObject(secondDone, INFINITE), WAIT_OBJECT_0);
+    CloseHandle(firstDone);
+    CloseHandle(secondDone);
+}
+
+TEST(ThreadPool, GrowsWhenEveryWorkerIsBusyAndReusesTheOldestIdle) {
+    CThreadPool pool(0, 1, false);  // no worker until the first job
+    Gate gate;
+    Job busy, extra, later;
+    busy.gate = gate.handle;
+    extra.gate = gate.handle;
+    HANDLE busyDone = pool.StartThread(Job::Run, &busy, false);
+    HANDLE extraDone = pool.StartThread(Job::Run, &extra, false);
+    WaitForSingleObject(busy.started, INFINITE);
+    WaitForSingleObject(extra.started, INFINITE);
+    EXPECT_NE(busy.thread.load(), extra.thread.load());
+    gate.Open();
+    WaitForSingleObject(busyDone, INFINITE);
+    WaitForSingleObject(extraDone, INFINITE);
+    // Both idle now: the job goes to the first worker made.
+    HANDLE laterDone = pool.StartThread(Job::Run, &later, false);
+    WaitForSingleObject(laterDone, INFINITE);
+    EXPECT_EQ(later.thread.load(), busy.thread.load());
+    for (HANDLE handle : {busyDone, extraDone, laterDone}) CloseHandle(handle);
+}
+
+TEST(ThreadPool, ClosesFinishedEventItselfWhenAsked) {
+    CThreadPool pool(1, 1, false);
+    Job job;
+    ASSERT_NE(pool.StartThread(Job::Run, &job, true), nullptr);
+    WaitForSingleObject(job.started, INFINITE);
+    // Nothing to close here; the pool's destructor waits for the job.
+}
+
+// The destructor waits for the running job while serving the thread's
+// messages: this job only ends once the destroying thread has handled the
+// message it posts, so a destructor that did not pump would hang.
+TEST(ThreadPool, DestructionWaitsForJobsWithMessagesServed) {
+    const DWORD self = GetCurrentThreadId();
+    MSG msg;
+    PeekMessage(&msg, nullptr, 0, 0, PM_NOREMOVE);  // this thread's queue exists
+    Gate gate;
+    std::atomic<bool> jobEnded{false};
+    qor::SetThreadMessageHandler([&](const MSG &m) -> LRESULT {
+        if (m.message == WM_USER + 7) gate.Open();
+        return 0;
+    });
+    struct Poster {
+        DWORD target;
+        HANDLE gate;
+        std::atomic<bool> *ended;
+        HANDLE started;
+        static unsigned Run(void *argument) {
+            auto *self = static_cast<Poster *>(argument);
+            PostThreadMessage(self->target, WM_USER + 7, 0, 0);
+            SetEvent(self->started);
+            WaitForSingleObject(self->gate, INFINITE);
+            *self->ended = true;
+            return 0;
+        }
+    } poster{self, gate.handle, &jobEnded, CreateEvent(nullptr, TRUE, FALSE, nullptr)};
+    {
+        CThreadPool pool(1, 1, false);
+        pool.StartThread(Poster::Run, &poster, true);
+        // Only a job that has begun is sure to run: a shutdown signal wins
+        // over a job handed to a worker that was not yet waiting.
+        WaitForSingleObject(poster.started, INFINITE);
+    }
+    CloseHandle(poster.started);
+    EXPECT_TRUE(jobEnded);
+    qor::SetThreadMessageHandler(nullptr);
+}
+
+TEST(ThreadPool, ManyJobsFromManyThreadsAllRun) {
+    CThreadPool pool(2, 2, false);
+    std::atomic<int> ran{0};
+    struct Count {
+        static unsigned Run(void *argument) {
+            ++*static_cast<std::atomic<int> *>(argument);
+            return 0;
+        }
+    };
+    std::vector<HANDLE> callers;
+    for (int c = 0; c < 3; ++c) {
+        callers.push_back(qor::BeginThread([&]() -> DWORD {
+            for (int i = 0; i < 20; ++i) {
+                HANDLE done = pool.StartThread(Count::Run, &ran, false);
+                WaitForSingleObject(done, INFINITE);
+                CloseHandle(done);
+            }
+            return 0;
+        }));
+    }
+    for (HANDLE caller : callers) {
+        WaitForSingleObject(caller, INFINITE);
+        CloseHandle(caller);
+    }
+    EXPECT_EQ(ran, 60);
+}
+
+}  // namespace
+}  // namespace tasktest
