@@ -330,4 +330,12 @@ TEST(SampleRecord, EqualityIgnoresOnlyUncomparedFields) {
     EXPECT_FALSE(a == b);
 }
 
+TEST(SampleRecord, NestedRecordIsDefinedOutsideItsClass) {
+    SampleRecords::Enclosing::Nested nested;
+    nested.Name = "n";
+    nested.Items.resize(1);
+    EXPECT_EQ(RecordText(nested.ToXMLString()), "\t<Nested Name='n' >\n\t\t<Items >\n\t\t\t<Item Count='0' />\n\t\t</Items>\n\t</Nested>");
+    EXPECT_TRUE(SampleRecords::Enclosing::Nested(nested.ToXMLString()) == nested);
+}
+
 }  // namespace

@@ -31,3 +31,7 @@ QOR_DEFINE_RECORD(Sample,
 QOR_DEFINE_RECORD(Ping, fileType("Query"))
 
 }  // namespace SampleRecords
+
+QOR_DEFINE_RECORD_IN(SampleRecords::Enclosing::, Nested,
+    attribute("Name", &Nested::Name),
+    list("Items", &Nested::Items))

@@ -47,4 +47,16 @@ class Ping : public MetaDataManagerBase {
     QOR_RECORD(Ping)
 };
 
+// Records nested in a class, as the device metadata records are.
+class Enclosing {
+public:
+    class Nested;
+};
+
+class Enclosing::Nested : public MetaDataManagerBase {
+    QOR_RECORD(Nested)
+    std::string Name;
+    std::vector<Item> Items;
+};
+
 }  // namespace SampleRecords
