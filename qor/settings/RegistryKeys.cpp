@@ -184,10 +184,31 @@ Outcome CheckKeyExists(StoreConnection &connection, std::int64_t id) {
 
 // Follows `names` down from `from`; kFileNotFound when one is missing,
 // unless `create` is set, which makes the missing keys.
+// The cache's name for a path below `from`: names are matched without
+// regard to ASCII case, so the path is folded.
+std::string KeyCachePath(std::int64_t from, const std::vector<std::string_view> &names) {
+    std::string path = std::to_string(from);
+    for (std::string_view name : names) {
+        path += '\\';
+        for (char c : name) path += (c >= 'a' && c <= 'z') ? static_cast<char>(c - ('a' - 'A')) : c;
+    }
+    return path;
+}
+
 Outcome WalkPath(StoreConnection &connection, std::int64_t from,
                  const std::vector<std::string_view> &names, bool create, std::int64_t *found,
                  bool *created) {
     if (Outcome start = CheckKeyExists(connection, from); start.sqlite || start.error) return start;
+    if (created) *created = false;
+    if (names.empty()) {
+        *found = from;
+        return {};
+    }
+    // The transaction has read the file by now, so the cache can tell
+    // whether anything changed since its entries were found.
+    connection.RefreshKeyCache();
+    const std::string cachePath = KeyCachePath(from, names);
+    if (connection.CachedKey(cachePath, found)) return {};
     std::int64_t id = from;
     bool made = false;
     for (std::string_view name : names) {
@@ -206,6 +227,8 @@ Outcome WalkPath(StoreConnection &connection, std::int64_t from,
         id = sqlite3_last_insert_rowid(connection.Handle());
         made = true;
     }
+    // Keys made here may yet be rolled back; only keys that were there are kept.
+    if (!made) connection.CacheKey(cachePath, id);
     *found = id;
     if (created) *created = made;
     return {};

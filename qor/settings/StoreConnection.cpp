@@ -2,9 +2,11 @@
 // connections with their prepared statements.
 #include "qor/settings/StoreConnection.h"
 
+#include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <memory>
@@ -208,23 +210,63 @@ sqlite3_stmt *StoreConnection::Statement(Sql which) {
     return statement;
 }
 
+void StoreConnection::RefreshKeyCache() {
+    unsigned version = 0;
+    if (sqlite3_file_control(db, "main", SQLITE_FCNTL_DATA_VERSION, &version) != SQLITE_OK ||
+        version != dataVersion) {
+        keyIds.clear();
+        dataVersion = version;
+    }
+}
+
+bool StoreConnection::CachedKey(const std::string &path, std::int64_t *id) const {
+    auto found = keyIds.find(path);
+    if (found == keyIds.end()) return false;
+    *id = found->second;
+    return true;
+}
+
+void StoreConnection::CacheKey(const std::string &path, std::int64_t id) {
+    // A bound on memory for stores with very many keys.
+    if (keyIds.size() >= 4096) keyIds.clear();
+    keyIds.emplace(path, id);
+}
+
 namespace {
+
+// How often a cached connection checks that its file is still the one at
+// its path (deleted or replaced stores are opened anew).
+constexpr auto kFileCheckInterval = std::chrono::seconds(1);
 
 struct CachedConnection {
     std::string file;
     dev_t device = 0;
     ino_t inode = 0;
+    std::chrono::steady_clock::time_point checked;
     std::unique_ptr<StoreConnection> connection;
 };
 
+// Counts forks in the child, so that a thread can tell cheaply whether its
+// connections were made in this process.
+std::atomic<unsigned> forkGeneration{0};
+
+unsigned CurrentForkGeneration() {
+    static const bool registered = [] {
+        pthread_atfork(nullptr, nullptr, [] { forkGeneration.fetch_add(1, std::memory_order_relaxed); });
+        return true;
+    }();
+    (void)registered;
+    return forkGeneration.load(std::memory_order_relaxed);
+}
+
 // A thread's connections, the most recently used first.
 struct ThreadConnections {
-    pid_t process = getpid();
+    unsigned generation = CurrentForkGeneration();
     std::vector<CachedConnection> open;
 
     ~ThreadConnections() {
         // Connections made before a fork belong to the parent process.
-        if (process != getpid())
+        if (generation != CurrentForkGeneration())
             for (CachedConnection &cached : open) (void)cached.connection.release();
     }
 };
@@ -235,18 +277,25 @@ thread_local ThreadConnections threadConnections;
 
 StoreConnection *ConnectionFor(const std::string &file) {
     ThreadConnections &cache = threadConnections;
-    if (cache.process != getpid()) {
+    if (cache.generation != CurrentForkGeneration()) {
         for (CachedConnection &cached : cache.open) (void)cached.connection.release();
         cache.open.clear();
-        cache.process = getpid();
+        cache.generation = CurrentForkGeneration();
     }
     struct stat info {};
-    const bool exists = stat(file.c_str(), &info) == 0;
+    const auto now = std::chrono::steady_clock::now();
     for (std::size_t i = 0; i < cache.open.size(); ++i) {
         CachedConnection &cached = cache.open[i];
         if (cached.file != file) continue;
         // A file deleted or replaced under us is a new store: open it anew.
-        if (exists && cached.device == info.st_dev && cached.inode == info.st_ino) {
+        // Looking costs a system call, so it is done once in a while.
+        bool same = now - cached.checked < kFileCheckInterval;
+        if (!same && stat(file.c_str(), &info) == 0 && cached.device == info.st_dev &&
+            cached.inode == info.st_ino) {
+            same = true;
+            cached.checked = now;
+        }
+        if (same) {
             if (i != 0) std::swap(cache.open[0], cache.open[i]);
             return cache.open[0].connection.get();
         }
@@ -264,7 +313,7 @@ StoreConnection *ConnectionFor(const std::string &file) {
     }
     if (cache.open.size() >= kConnectionsPerThread) cache.open.pop_back();
     cache.open.insert(cache.open.begin(),
-                      CachedConnection{file, info.st_dev, info.st_ino, std::move(connection)});
+                      CachedConnection{file, info.st_dev, info.st_ino, now, std::move(connection)});
     return cache.open[0].connection.get();
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 
 #include "qor/platform/Win32Types.h"
 
@@ -57,11 +58,21 @@ public:
 
     static constexpr std::int64_t kRootKey = 1;
 
+    // Key ids found by path, valid while the database stays as it was when
+    // they were found. Call Refresh inside a transaction, after its first
+    // statement: any change to the file since, by this connection or
+    // another process, empties the cache.
+    void RefreshKeyCache();
+    bool CachedKey(const std::string &path, std::int64_t *id) const;
+    void CacheKey(const std::string &path, std::int64_t id);
+
 private:
     bool Configure();
     sqlite3 *db = nullptr;
     std::string openError;
     sqlite3_stmt *statements[static_cast<int>(Sql::Count)] = {};
+    unsigned dataVersion = 0;
+    std::unordered_map<std::string, std::int64_t> keyIds;
 };
 
 // This thread's connection to `file`, opened on first use and kept until the

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "SettingsTestSupport.h"
@@ -179,6 +180,30 @@ TEST_F(RegistryStoreTest, AStoreThatIsNoDatabaseFailsCleanly) {
     EXPECT_EQ(registry.LoadKey("a", "b", text), 0);
     EXPECT_EQ(text, "untouched");
     EXPECT_NE(reg::LastStoreError().find("bogus.db"), std::string::npos) << reg::LastStoreError();
+}
+
+TEST_F(RegistryStoreTest, AKeyDeletedAndMadeAgainIsFoundAnewByEveryConnection) {
+    CRegistry registry;
+    ASSERT_EQ(registry.SaveKey("A\\B", "v", "1"), 1);
+    std::string text;
+    ASSERT_EQ(registry.LoadKey("A\\B", "v", text), 1);  // the path is known now
+
+    // Another thread has a connection of its own: a change made there...
+    std::thread([] {
+        CRegistry other;
+        EXPECT_EQ(other.DeleteKey("A", nullptr), 1);
+        EXPECT_EQ(other.SaveKey("Z", "w", "reuses the freed rows"), 1);
+        EXPECT_EQ(other.SaveKey("A\\B", "v", "2"), 1);
+    }).join();
+    ASSERT_EQ(registry.LoadKey("A\\B", "v", text), 1);
+    EXPECT_EQ(text, "2");
+
+    // ... and one made here are both seen.
+    ASSERT_EQ(registry.DeleteKey("A", nullptr), 1);
+    EXPECT_EQ(registry.LoadKey("A\\B", "v", text), 0);
+    ASSERT_EQ(registry.SaveKey("A\\B", "v", "3"), 1);
+    ASSERT_EQ(registry.LoadKey("A\\B", "v", text), 1);
+    EXPECT_EQ(text, "3");
 }
 
 TEST(RegistryHiveNames, FullAndShortNamesMapToThePredefinedHives) {
