@@ -1,5 +1,7 @@
 #include "qor/comm/QorEthernetConnection.h"
 
+#include <chrono>
+
 #include "qor/comm/DeviceFrame.h"
 #include "qor/comm/QorDeviceComm.h"
 #include "qor/comm/QorDeviceCommException.h"
@@ -10,22 +12,27 @@ std::atomic<signed char> QorEthernetConnection::sendRetries{0};
 
 namespace qor::ethernet {
 
-// Counts the time of one wait against its limit.
+// Counts the time of one wait against its limit. It measures finer than the
+// millisecond tick, so that a wait that took its full second counts as past
+// the limit rather than exactly at it.
 class ConnectionTimer {
 public:
+    using Clock = std::chrono::steady_clock;
     ConnectionTimer(long long timeoutMs, const char *label)
-        : timeoutMs_(timeoutMs), start_(GetTickCount64()), label_(label) {}
-    void Restart() { start_ = GetTickCount64(); }
-    long long Elapsed() const { return static_cast<long long>(GetTickCount64() - start_); }
-    bool Expired() const { return Elapsed() > timeoutMs_; }
+        : timeoutMs_(timeoutMs), start_(Clock::now()), label_(label) {}
+    void Restart() { start_ = Clock::now(); }
+    long long ElapsedMicroseconds() const {
+        return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start_).count();
+    }
+    bool Expired() const { return ElapsedMicroseconds() > timeoutMs_ * 1000; }
     unsigned int Remaining() const {
-        const long long left = timeoutMs_ - Elapsed();
-        return left > 0 ? static_cast<unsigned int>(left) : 0u;
+        const long long left = timeoutMs_ * 1000 - ElapsedMicroseconds();
+        return left > 0 ? static_cast<unsigned int>((left + 999) / 1000) : 0u;
     }
 
 private:
     long long timeoutMs_;
-    ULONGLONG start_;
+    Clock::time_point start_;
     const char *label_;  // kept for a debugger's sake; shown nowhere
 };
 

@@ -1,0 +1,282 @@
+// The Ethernet link against loopback instruments that misbehave: refuse,
+// never answer, close, reset or stall mid-frame, or send huge frames.
+#include <gtest/gtest.h>
+
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "CommTestSupport.h"
+#include "qor/comm/QorDeviceComm.h"
+#include "qor/comm/QorEthernetConnection.h"
+
+namespace ethernet_test {
+
+using comm_test::Bytes;
+using comm_test::LoopbackDevice;
+using comm_test::ResourceCheck;
+using comm_test::Signal;
+using comm_test::WaitUntil;
+using comm_test::WireFrame;
+
+class Inbox : public QorDeviceCommSubscriber {
+public:
+    void onLongMessage(unsigned char command, const std::vector<unsigned char> &data) override {
+        std::lock_guard<std::mutex> guard(mutex_);
+        messages_.push_back({command, data});
+    }
+    void onShortMessage(unsigned char, const std::vector<unsigned char> &) override { ++shorts; }
+    void onCommError() override { ++errors; }
+    std::vector<WireFrame> Messages() {
+        std::lock_guard<std::mutex> guard(mutex_);
+        return messages_;
+    }
+    std::size_t Count() {
+        std::lock_guard<std::mutex> guard(mutex_);
+        return messages_.size();
+    }
+    std::atomic<int> shorts{0}, errors{0};
+
+private:
+    std::mutex mutex_;
+    std::vector<WireFrame> messages_;
+};
+
+// Runs `script` on each connection; the script writes raw bytes as it likes.
+struct ScriptedDevice {
+    explicit ScriptedDevice(LoopbackDevice::Session script) : device(std::move(script)) {}
+    LoopbackDevice device;
+};
+
+TEST(Ethernet, RefusedAndSilentDevicesGiveTheirTexts) {
+    ResourceCheck resources;
+    {
+        QorDeviceComm comm;
+        try {
+            QorEthernetConnection refused("127.0.0.1", comm_test::RefusingPort(), &comm);
+            ADD_FAILURE() << "connected to a closed port";
+        } catch (const QorDeviceCommException &e) {
+            EXPECT_EQ(e.message, "Failed to connect to device via Ethernet");
+        }
+        comm_test::SilentListener silent;
+        try {
+            QorEthernetConnection timedOut("127.0.0.1", silent.Port(), &comm);
+            ADD_FAILURE() << "connected to a full listener";
+        } catch (const QorDeviceCommException &e) {
+            EXPECT_EQ(e.message, "Timed out while trying to connect to device via Ethernet");
+        }
+        // A name that does not resolve fails in the socket layer.
+        EXPECT_THROW(QorEthernetConnection("no-such-host.invalid", 1, &comm), CSuperSocketException);
+    }
+    EXPECT_TRUE(resources.Clean()) << resources.Report();
+}
+
+TEST(Ethernet, ReadsFramesOfEverySizeInAnyChunking) {
+    ResourceCheck resources;
+    {
+        const Bytes huge(65535, 0xA5);
+        LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
+            // An empty frame, a frame split byte by byte, two frames in one
+            // write, and the largest frame there is.
+            comm_test::WriteAll(fd, comm_test::EthernetBytes(0x01, {}));
+            for (unsigned char b : comm_test::EthernetBytes(0x02, {1, 2, 3}))
+                comm_test::WriteAll(fd, Bytes{b});
+            Bytes two = comm_test::EthernetBytes(0x03, {4});
+            const Bytes next = comm_test::EthernetBytes(0x04, {5, 6});
+            two.insert(two.end(), next.begin(), next.end());
+            comm_test::WriteAll(fd, two);
+            comm_test::WriteAll(fd, comm_test::EthernetBytes(0x05, huge));
+            while (!d.Stopping()) d.WaitReadable(fd, 50);
+        });
+        QorDeviceComm comm;
+        Inbox inbox;
+        comm.subscribe(inbox);
+        comm.connect("127.0.0.1", device.Port());
+        ASSERT_TRUE(WaitUntil([&] { return inbox.Count() == 5; }));
+        const auto got = inbox.Messages();
+        EXPECT_EQ(got[0].command, 0x01);
+        EXPECT_TRUE(got[0].payload.empty());
+        EXPECT_EQ(got[1].payload, (Bytes{1, 2, 3}));
+        EXPECT_EQ(got[2].payload, Bytes{4});
+        EXPECT_EQ(got[3].payload, (Bytes{5, 6}));
+        EXPECT_EQ(got[4].payload, huge);
+        EXPECT_EQ(inbox.shorts, 0);
+        device.Stop();
+    }
+    EXPECT_TRUE(resources.Clean()) << resources.Report();
+}
+
+TEST(Ethernet, SendPutsFramesOnTheWire) {
+    std::vector<WireFrame> frames;
+    std::mutex mutex;
+    LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
+        while (!d.Stopping()) {
+            if (!d.WaitReadable(fd, 50)) continue;
+            WireFrame frame;
+            if (!comm_test::ReadEthernetFrame(fd, frame)) return;
+            std::lock_guard<std::mutex> guard(mutex);
+            frames.push_back(frame);
+        }
+    });
+    QorDeviceComm comm;
+    comm.connect("127.0.0.1", device.Port());
+    const unsigned char bytes[] = {7, 8};
+    int reconnects = 0;
+    comm.sendCommand(0x10, nullptr, 0, false, &reconnects);  // a 3-byte frame
+    comm.sendCommand(0x11, nullptr, 5, false, &reconnects);  // nothing at all
+    comm.sendCommand(0x12, bytes, 2, true, &reconnects);
+    comm.sendCommand(0x13, Bytes(300, 1), false, &reconnects);
+    ASSERT_TRUE(WaitUntil([&] {
+        std::lock_guard<std::mutex> guard(mutex);
+        return frames.size() == 3;
+    }));
+    std::lock_guard<std::mutex> guard(mutex);
+    EXPECT_EQ(frames[0].command, 0x10);
+    EXPECT_TRUE(frames[0].payload.empty());
+    EXPECT_EQ(frames[1].command, 0x12);
+    EXPECT_EQ(frames[1].payload, (Bytes{7, 8}));
+    EXPECT_EQ(frames[2].payload.size(), 300u);
+    EXPECT_EQ(reconnects, 0);
+}
+
+TEST(Ethernet, IncompleteFramesAreDroppedAndTheStreamGoesOn) {
+    ResourceCheck resources;
+    {
+        Signal stalledOut;
+        LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
+            // Header promising ten bytes, four of them, then silence longer
+            // than the reader waits; then a whole frame.
+            comm_test::WriteAll(fd, Bytes{0x20, 10, 0, 1, 2, 3, 4});
+            d.WaitReadable(fd, 1300);
+            comm_test::WriteAll(fd, comm_test::EthernetBytes(0x21, {9}));
+            while (!d.Stopping()) d.WaitReadable(fd, 50);
+        });
+        QorDeviceComm comm;
+        Inbox inbox;
+        comm.subscribe(inbox);
+        comm.connect("127.0.0.1", device.Port());
+        ASSERT_TRUE(WaitUntil([&] { return inbox.Count() == 1; }));
+        EXPECT_EQ(inbox.Messages()[0].command, 0x21);
+        EXPECT_EQ(inbox.errors, 0);  // no notice on this link
+        device.Stop();
+    }
+    EXPECT_TRUE(resources.Clean()) << resources.Report();
+}
+
+TEST(Ethernet, PeerClosingOrResettingMidFrameThenReconnect) {
+    for (bool reset : {false, true}) {
+        ResourceCheck resources;
+        {
+            std::atomic<int> sessions{0};
+            std::vector<WireFrame> frames;
+            std::mutex mutex;
+            Signal go;
+            LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
+                if (++sessions == 1) {
+                    go.Wait();
+                    comm_test::WriteAll(fd, Bytes{0x30, 200, 0, 1, 2});
+                    if (reset) {
+                        comm_test::ResetConnection(fd);
+                        fd = -1;
+                    }
+                    return;
+                }
+                while (!d.Stopping()) {
+                    if (!d.WaitReadable(fd, 50)) continue;
+                    WireFrame frame;
+                    if (!comm_test::ReadEthernetFrame(fd, frame)) return;
+                    std::lock_guard<std::mutex> guard(mutex);
+                    frames.push_back(frame);
+                }
+            });
+            QorDeviceComm comm;
+            Inbox inbox;
+            comm.subscribe(inbox);
+            comm.connect("127.0.0.1", device.Port());
+            go.Set();
+            // The link notices the end by itself; nothing reconnects yet.
+            ASSERT_TRUE(WaitUntil([&] { return !comm.isConnected(); }));
+            EXPECT_EQ(inbox.Count(), 0u);
+            EXPECT_EQ(sessions, 1);
+            // The next send reconnects once and goes through.
+            int reconnects = 0;
+            comm.sendCommand(0x31, Bytes{1}, false, &reconnects);
+            EXPECT_EQ(reconnects, 1);
+            EXPECT_TRUE(comm.isConnected());
+            ASSERT_TRUE(WaitUntil([&] {
+                std::lock_guard<std::mutex> guard(mutex);
+                return frames.size() == 1;
+            }));
+            EXPECT_EQ(frames[0].command, 0x31);
+            device.Stop();
+        }
+        EXPECT_TRUE(resources.Clean()) << resources.Report() << (reset ? " reset" : " close");
+    }
+}
+
+TEST(Ethernet, SendGivesUpAfterSixAttemptsWithTheLastReason) {
+    ResourceCheck resources;
+    {
+        Signal go;
+        LoopbackDevice device([&](int &, LoopbackDevice &) { go.Wait(); });
+        QorDeviceComm comm;
+        comm.connect("127.0.0.1", device.Port());
+        go.Set();
+        device.Stop();  // the session closed the connection; now nothing listens
+        ASSERT_TRUE(WaitUntil([&] { return !comm.isConnected(); }));
+        int reconnects = 0;
+        try {
+            comm.sendCommand(0x40, Bytes{1}, false, &reconnects);
+            FAIL() << "sent to a device that is gone";
+        } catch (const CSuperSocketException &e) {
+            EXPECT_EQ(e.message, "CSuperSocket::Send::socket not open");
+        }
+        EXPECT_EQ(reconnects, 5);
+        EXPECT_EQ(QorEthernetConnection::sendRetries.load(), 0);
+        // The count starts again for the next failure sequence.
+        reconnects = 0;
+        EXPECT_THROW(comm.sendCommand(0x40, Bytes{1}, false, &reconnects), CSuperSocketException);
+        EXPECT_EQ(reconnects, 5);
+    }
+    EXPECT_TRUE(resources.Clean()) << resources.Report();
+}
+
+TEST(Ethernet, WaitingSendCommandSurvivesALinkFailure) {
+    // The waiting call lets the link's exception through and frees its locks:
+    // the object is usable again afterwards.
+    Signal go;
+    LoopbackDevice device([&](int &, LoopbackDevice &) { go.Wait(); });
+    QorDeviceComm comm;
+    comm.connect("127.0.0.1", device.Port());
+    go.Set();
+    device.Stop();
+    ASSERT_TRUE(WaitUntil([&] { return !comm.isConnected(); }));
+    Bytes reply;
+    EXPECT_THROW(comm.sendCommand(0x50, Bytes{}, 100, 0x51, reply, false, nullptr),
+                 CSuperSocketException);
+    comm.notify(0x51, Bytes{1}, true);  // takes replyLock: must not block
+    EXPECT_THROW(comm.sendCommand(0x50, Bytes{}, 100, 0x51, reply, false, nullptr),
+                 CSuperSocketException);
+}
+
+TEST(Ethernet, DestroyingWhileAFrameIsHalfReadDoesNotHang) {
+    ResourceCheck resources;
+    {
+        Signal sent;
+        LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
+            comm_test::WriteAll(fd, Bytes{0x60, 0xFF, 0xFF, 1});
+            sent.Set();
+            while (!d.Stopping()) d.WaitReadable(fd, 50);
+        });
+        {
+            QorDeviceComm comm;
+            comm.connect("127.0.0.1", device.Port());
+            ASSERT_TRUE(sent.Wait());
+        }
+        device.Stop();
+    }
+    EXPECT_TRUE(resources.Clean()) << resources.Report();
+}
+
+}  // namespace ethernet_test
