@@ -330,6 +330,36 @@ TEST(SampleRecord, EqualityIgnoresOnlyUncomparedFields) {
     EXPECT_FALSE(a == b);
 }
 
+TEST(SampleRecord, HandWrittenPropertyBagBesideTheGeneratedFrame) {
+    SampleRecords::Versioned versioned;
+    versioned.Version = "7.2";
+    versioned.Revision = 3;
+    EXPECT_EQ(RecordText(versioned.ToXMLString()), "\t<Versioned Revision='3' Version='7.2' />");
+    ObjectInstance instance;
+    versioned.ToObjectInstance(instance);
+    const std::vector<ParameterRow> expected = {
+        {"Properties", "Version", 1, "1.0", ""},
+        {"Properties", "Revision", 8, "3", ""},
+    };
+    EXPECT_EQ(marshal_test::Rows(instance), expected);
+    SampleRecords::Versioned back;
+    back.FromObjectInstance(instance);
+    EXPECT_EQ(back.Version, "");
+    EXPECT_EQ(back.Revision, 3);
+}
+
+TEST(MarshallerException, WrapsAParserFailure) {
+    const XMLParserException failure(4, "XMLReader::ReadFromBuffer", "Unable to read the file: EOF with open tags");
+    const XMLMarshaller::XMLMarshallerException wrapped(failure);
+    EXPECT_EQ(wrapped.code, 4);
+    EXPECT_EQ(wrapped.function, failure.function);
+    EXPECT_EQ(wrapped.message, failure.message);
+    const CQorException &base = wrapped;
+    EXPECT_EQ(base.message, "");
+    EXPECT_EQ(base.source, "");
+    EXPECT_EQ(base.code, 0);
+}
+
 TEST(SampleRecord, NestedRecordIsDefinedOutsideItsClass) {
     SampleRecords::Enclosing::Nested nested;
     nested.Name = "n";

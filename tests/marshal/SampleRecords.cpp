@@ -30,6 +30,21 @@ QOR_DEFINE_RECORD(Sample,
 
 QOR_DEFINE_RECORD(Ping, fileType("Query"))
 
+QOR_DEFINE_RECORD_FRAME(Versioned,
+    attribute("Version", &Versioned::Version),
+    attribute("Revision", &Versioned::Revision))
+
+void Versioned::ToObjectInstance(ObjectInstanceXMLMarshaller::ObjectInstance &instance) const {
+    qor::record::Code<Versioned>::ToObjectInstance(*this, instance);
+    instance.BaseObjectDescription.Categories.front().Parameters.front().Value = "1.0";
+}
+
+void Versioned::FromObjectInstance(const ObjectInstanceXMLMarshaller::ObjectInstance &instance) {
+    const std::string kept = Version;
+    qor::record::Code<Versioned>::FromObjectInstance(*this, instance);
+    Version = kept;
+}
+
 }  // namespace SampleRecords
 
 QOR_DEFINE_RECORD_IN(SampleRecords::Enclosing::, Nested,

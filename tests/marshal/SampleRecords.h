@@ -47,6 +47,14 @@ class Ping : public MetaDataManagerBase {
     QOR_RECORD(Ping)
 };
 
+// A record whose property bag is partly hand-written: it always shows the
+// version "1.0", whatever its field holds.
+class Versioned : public MetaDataManagerBase {
+    QOR_RECORD(Versioned)
+    std::string Version;
+    int Revision = 0;
+};
+
 // Records nested in a class, as the device metadata records are.
 class Enclosing {
 public:
