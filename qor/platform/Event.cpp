@@ -23,7 +23,7 @@ EventObject *FindEvent(HANDLE handle) {
 }
 
 BOOL SetEventState(HANDLE handle, bool signalled) {
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     EventObject *event = FindEvent(handle);
     if (!event) {
         SetLastError(6);  // ERROR_INVALID_HANDLE
@@ -40,7 +40,7 @@ BOOL SetEventState(HANDLE handle, bool signalled) {
 HANDLE CreateEvent(void *, BOOL manualReset, BOOL initialState, const char *) {
     using namespace qor::kernel;
     auto *event = new EventObject(manualReset != FALSE, initialState != FALSE);
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     return Register(event);
 }
 

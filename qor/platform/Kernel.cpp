@@ -15,8 +15,9 @@ namespace {
 // Process-lifetime state is never destroyed: detached threads may still be
 // ending while static destructors run at exit.
 struct KernelState {
-    std::mutex lock;
+    KernelMutex lock;
     std::unordered_set<Object *> handles;
+    std::vector<Waiter *> spareWaiters;
 };
 KernelState &State() {
     static KernelState *state = [] {
@@ -39,11 +40,78 @@ constexpr DWORD kErrorInvalidParameter = 87;
 constexpr auto kHookPollInterval = std::chrono::milliseconds(10);
 }  // namespace
 
-std::mutex &Lock() { return State().lock; }
+KernelMutex::KernelMutex() {
+    pthread_mutexattr_t attributes;
+    pthread_mutexattr_init(&attributes);
+#ifdef PTHREAD_ADAPTIVE_MUTEX_INITIALIZER_NP
+    pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_ADAPTIVE_NP);
+#endif
+    pthread_mutex_init(&mutex, &attributes);
+    pthread_mutexattr_destroy(&attributes);
+}
+
+WakeSignal::WakeSignal() {
+    pthread_condattr_t attributes;
+    pthread_condattr_init(&attributes);
+    pthread_condattr_setclock(&attributes, CLOCK_MONOTONIC);
+    pthread_cond_init(&condition, &attributes);
+    pthread_condattr_destroy(&attributes);
+}
+
+void WakeSignal::wait_until(KernelLock &held, Clock::time_point until) {
+    // steady_clock is CLOCK_MONOTONIC on the platforms this layer runs on.
+    const auto since = until.time_since_epoch();
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(since);
+    timespec when{};
+    when.tv_sec = static_cast<time_t>(seconds.count());
+    when.tv_nsec = static_cast<long>(std::chrono::duration_cast<std::chrono::nanoseconds>(since - seconds).count());
+    pthread_cond_timedwait(&condition, held.mutex()->native(), &when);
+}
+
+KernelMutex &Lock() { return State().lock; }
+
+namespace {
+// Hands the thread's waiter back for reuse when the thread ends.
+struct WaiterHolder {
+    Waiter *waiter = nullptr;
+    ~WaiterHolder() {
+        if (!waiter) return;
+        std::lock_guard<KernelMutex> hold(Lock());
+        State().spareWaiters.push_back(waiter);
+    }
+};
+thread_local WaiterHolder currentWaiter;
+// The guard this thread holds, which wakes waiters when it lets go.
+thread_local Guard *activeGuard = nullptr;
+}  // namespace
 
 Waiter &CurrentWaiter() {
-    thread_local Waiter waiter;
-    return waiter;
+    if (!currentWaiter.waiter) {
+        std::lock_guard<KernelMutex> hold(Lock());
+        auto &spare = State().spareWaiters;
+        if (spare.empty()) {
+            currentWaiter.waiter = new Waiter;
+        } else {
+            currentWaiter.waiter = spare.back();
+            spare.pop_back();
+        }
+    }
+    return *currentWaiter.waiter;
+}
+
+void WakeLater(Waiter *waiter) {
+    if (activeGuard)
+        activeGuard->wakes.push_back(waiter);
+    else
+        waiter->wake.notify_one();
+}
+
+Guard::Guard() : lock(Lock()) { activeGuard = this; }
+
+Guard::~Guard() {
+    activeGuard = nullptr;
+    if (lock.owns_lock()) lock.unlock();
+    for (Waiter *waiter : wakes) waiter->wake.notify_one();
 }
 
 Object::Object() = default;
@@ -101,7 +169,7 @@ void Object::WakeWaiters() {
         const DWORD result = TryTake(*waiter->objects, waiter->waitAll, waiter->thread);
         if (result == kNothingYet) continue;
         waiter->granted = result;
-        waiter->wake.notify_one();
+        WakeLater(waiter);
     }
 }
 
@@ -121,7 +189,8 @@ DWORD Wait(DWORD count, const HANDLE *handles, bool waitAll, DWORD milliseconds,
     const auto deadline = Clock::now() + std::chrono::milliseconds(infinite ? 0 : milliseconds);
     Waiter &waiter = CurrentWaiter();
 
-    std::unique_lock<std::mutex> guard(Lock());
+    Guard held;
+    KernelLock &guard = held.Held();
     std::vector<Object *> objects;
     objects.reserve(count);
     for (DWORD i = 0; i < count; ++i) {
@@ -240,7 +309,7 @@ DWORD MsgWaitForMultipleObjects(DWORD count, const HANDLE *objects, BOOL waitAll
 }
 
 BOOL CloseHandle(HANDLE handle) {
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     Object *object = Find(handle);
     if (!object) {
         SetLastError(kErrorInvalidHandle);

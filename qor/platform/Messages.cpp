@@ -22,7 +22,7 @@ struct QueueHolder {
     std::shared_ptr<ThreadQueue> queue;
     ~QueueHolder() {
         if (!queue) return;
-        std::lock_guard<std::mutex> guard(Lock());
+        Guard guard;
         auto found = Queues().find(queue->thread);
         if (found != Queues().end() && found->second == queue) Queues().erase(found);
     }
@@ -44,7 +44,7 @@ bool Matches(const MSG &msg, HWND window, UINT filterMin, UINT filterMax) {
 std::shared_ptr<ThreadQueue> PrepareQueue(DWORD thread) {
     auto queue = std::make_shared<ThreadQueue>();
     queue->thread = thread;
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     Queues()[thread] = queue;
     return queue;
 }
@@ -69,21 +69,21 @@ using namespace qor::kernel;
 
 BOOL PostThreadMessage(DWORD threadId, UINT message, WPARAM wParam, LPARAM lParam) {
     const DWORD now = GetTickCount();
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     ThreadQueue *queue = FindQueue(threadId);
     if (!queue) {
         SetLastError(kErrorInvalidThreadId);
         return FALSE;
     }
     queue->messages.push_back(MSG{nullptr, message, wParam, lParam, now});
-    if (queue->waiter) queue->waiter->wake.notify_one();
+    if (queue->waiter) WakeLater(queue->waiter);
     return TRUE;
 }
 
 BOOL PeekMessage(MSG *msg, HWND window, UINT filterMin, UINT filterMax, UINT removeFlags) {
     ThreadQueue &queue = CurrentQueue();
     {
-        std::lock_guard<std::mutex> guard(Lock());
+        Guard guard;
         for (auto it = queue.messages.begin(); it != queue.messages.end(); ++it) {
             if (!Matches(*it, window, filterMin, filterMax)) continue;
             if (msg) *msg = *it;

@@ -147,7 +147,7 @@ bool MutexObject::Complete(bool infinite, Clock::time_point deadline) {
 HANDLE CreateMutex(void *, BOOL initialOwner, const char *name) {
     using namespace qor::kernel;
     const DWORD thread = GetCurrentThreadId();
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     if (name && *name) {
         auto found = NamedMutexes().find(name);
         if (found != NamedMutexes().end() && found->second->fdProcess == getpid()) {
@@ -181,7 +181,7 @@ HANDLE CreateMutex(void *, BOOL initialOwner, const char *name) {
 BOOL ReleaseMutex(HANDLE handle) {
     using namespace qor::kernel;
     const DWORD thread = GetCurrentThreadId();
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     auto *mutex = dynamic_cast<MutexObject *>(Find(handle));
     if (!mutex) {
         SetLastError(kErrorInvalidHandleMutex);

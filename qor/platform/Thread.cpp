@@ -31,7 +31,7 @@ HANDLE BeginThread(std::function<DWORD()> body, DWORD *threadId) {
     std::shared_ptr<ThreadQueue> queue = PrepareQueue(id);
     HANDLE handle;
     {
-        std::lock_guard<std::mutex> guard(Lock());
+        Guard guard;
         handle = Register(object);
     }
     try {
@@ -40,14 +40,14 @@ HANDLE BeginThread(std::function<DWORD()> body, DWORD *threadId) {
             AdoptQueue(std::move(queue));
             const DWORD code = body();
             body = nullptr;  // whatever the body captured goes before the handle signals
-            std::lock_guard<std::mutex> guard(Lock());
+            Guard guard;
             object->exitCode = code;
             object->ended = true;
             object->WakeWaiters();
             Release(object);
         }).detach();
     } catch (const std::system_error &error) {
-        std::lock_guard<std::mutex> guard(Lock());
+        Guard guard;
         ForgetQueue(id);
         Release(object);
         Release(object);
@@ -75,7 +75,7 @@ std::uintptr_t _beginthreadex(void *, unsigned, unsigned (*start)(void *), void 
 
 BOOL GetExitCodeThread(HANDLE handle, DWORD *exitCode) {
     using namespace qor::kernel;
-    std::lock_guard<std::mutex> guard(Lock());
+    Guard guard;
     auto *thread = dynamic_cast<ThreadObject *>(Find(handle));
     if (!thread || !exitCode) {
         SetLastError(6);  // ERROR_INVALID_HANDLE

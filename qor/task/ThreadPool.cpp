@@ -22,15 +22,22 @@ unsigned WorkerMain(void *argument) {
         HANDLE events[2] = {start->shutdownEvent, record.wakeEvent};
         if (WaitForMultipleObjects(2, events, FALSE, INFINITE) != WAIT_OBJECT_0 + 1) break;
         record.function(record.argument);
+        // A fresh event, so the next job's caller never sees this job's
+        // signal. It is made before taking the lock, and the finished job's
+        // event is signalled or closed after leaving it: the caller that the
+        // signal wakes typically hands out the next job at once, and would
+        // otherwise find the lock still held and have to sleep on it.
+        HANDLE fresh = CreateEvent(nullptr, TRUE, FALSE, nullptr);
         EnterCriticalSection(start->lock);
         record.busy = false;
-        if (record.closeFinishedEvent)
-            CloseHandle(record.finishedEvent);
-        else
-            SetEvent(record.finishedEvent);
-        // A fresh event, so the next job's caller never sees this job's signal.
-        record.finishedEvent = CreateEvent(nullptr, TRUE, FALSE, nullptr);
+        HANDLE finished = record.finishedEvent;
+        const bool closeFinished = record.closeFinishedEvent;
+        record.finishedEvent = fresh;
         LeaveCriticalSection(start->lock);
+        if (closeFinished)
+            CloseHandle(finished);
+        else
+            SetEvent(finished);
     }
     delete start;
     return 0;

@@ -9,7 +9,8 @@
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
+#include <pthread.h>
+
 #include <deque>
 #include <functional>
 #include <memory>
@@ -23,24 +24,76 @@ namespace qor::kernel {
 
 using Clock = std::chrono::steady_clock;
 
-// The lock over every object's state, every waiter list and every queue.
-std::mutex &Lock();
+// The lock over every object's state, every waiter list and every queue. Its
+// holds are a few hundred nanoseconds, so it spins a little before it sleeps:
+// a thread that finds it taken would otherwise pay a sleep and a wake-up, and
+// a signal handed to a waking thread would queue behind that.
+class KernelMutex {
+public:
+    KernelMutex();
+    KernelMutex(const KernelMutex &) = delete;
+    KernelMutex &operator=(const KernelMutex &) = delete;
+    void lock() { pthread_mutex_lock(&mutex); }
+    void unlock() { pthread_mutex_unlock(&mutex); }
+    bool try_lock() { return pthread_mutex_trylock(&mutex) == 0; }
+    pthread_mutex_t *native() { return &mutex; }
+
+private:
+    pthread_mutex_t mutex;
+};
+KernelMutex &Lock();
+using KernelLock = std::unique_lock<KernelMutex>;
+
+// What a waiting thread sleeps on: a condition over Lock(), timed on the
+// monotonic clock.
+class WakeSignal {
+public:
+    WakeSignal();
+    WakeSignal(const WakeSignal &) = delete;
+    WakeSignal &operator=(const WakeSignal &) = delete;
+    void wait(KernelLock &held) { pthread_cond_wait(&condition, held.mutex()->native()); }
+    void wait_until(KernelLock &held, std::chrono::steady_clock::time_point until);
+    void notify_one() { pthread_cond_signal(&condition); }
+
+private:
+    pthread_cond_t condition;
+};
+
+// Holds Lock() for its scope. The threads whose waits were satisfied
+// meanwhile are woken after the lock is let go, so that they do not wake only
+// to block on it.
+class Guard {
+public:
+    Guard();
+    ~Guard();
+    Guard(const Guard &) = delete;
+    Guard &operator=(const Guard &) = delete;
+    KernelLock &Held() { return lock; }
+
+private:
+    friend void WakeLater(struct Waiter *waiter);
+    KernelLock lock;
+    std::vector<struct Waiter *> wakes;
+};
 
 class Object;
 
-// One per thread; lives in thread-local storage. While the thread waits, the
+// One per thread, recycled when the thread ends (never freed, so a late
+// wake-up reaches a live object and is at worst a spurious one). While the thread waits, the
 // objects it waits on know it, and a signal that satisfies the wait takes the
 // objects for it at once and leaves the result in `granted` (as the Windows
 // kernel hands an auto-reset signal straight to a waiting thread).
 struct Waiter {
     static constexpr DWORD kNotGranted = 0xFFFFFFFEu;
-    std::condition_variable wake;
+    WakeSignal wake;
     const std::vector<Object *> *objects = nullptr;
     bool waitAll = false;
     DWORD thread = 0;
     DWORD granted = kNotGranted;
 };
 Waiter &CurrentWaiter();
+// Wakes `waiter` when the current Guard lets go (under Lock()).
+void WakeLater(Waiter *waiter);
 
 // A reference-counted waitable object. A HANDLE is a pointer to one; each
 // handle and each running thread that uses an object holds a reference.
