@@ -75,10 +75,9 @@ To Convert(const From &from) {
             return static_cast<To>(TextToSigned(text, INT32_MIN, INT32_MAX));
         } else if constexpr (std::is_floating_point_v<To>) {
             return static_cast<To>(TextToDouble(text));
-        } else if constexpr (std::is_same_v<To, long> || std::is_same_v<To, long long>) {
+        } else if constexpr (std::is_same_v<To, long>) {
             return static_cast<To>(TextToSigned(text, INT32_MIN, INT32_MAX));
-        } else if constexpr (std::is_same_v<To, unsigned long> ||
-                             std::is_same_v<To, unsigned long long>) {
+        } else if constexpr (std::is_same_v<To, unsigned long>) {
             return static_cast<To>(TextToUnsigned(text, UINT32_MAX));
         } else if constexpr (std::is_signed_v<To>) {
             static_assert(std::is_integral_v<To>, "Convert: no text form for this type");

@@ -67,6 +67,8 @@ TEST(ConvertFromText, Integers) {
         EXPECT_EQ(Convert<long>(std::string(c.text)), c.asLong);  // 32 bits wide on every platform
         EXPECT_EQ(qor::convert::TextToLong(c.text), c.asLong);
     }
+    EXPECT_EQ(Convert<long long>(std::string("3000000000")), 3000000000LL);  // 64 bits everywhere
+    EXPECT_EQ(Convert<unsigned long long>(std::string("-1")), ~0ULL);
 }
 
 TEST(ConvertFromText, BoolsAndDoubles) {
