@@ -12,7 +12,7 @@
 
 #include "qor/platform/Waitable.h"
 
-namespace {
+namespace qor::crcdetail {
 
 // The job's private copy of a buffer. Large copies ask for huge pages: the
 // copy is the job's main cost beyond the CRC itself, and most of it is page
@@ -52,13 +52,13 @@ private:
     bool mapped_ = false;
 };
 
-}  // namespace
+}  // namespace qor::crcdetail
 
 // One CRC job: the thread that runs it owns it and frees it.
 struct CRC_32::Job {
     const CRC_32 *owner = nullptr;
     std::string path;            // empty for a buffer job
-    CrcJobBuffer data;           // private copy of a buffer job's bytes
+    qor::crcdetail::CrcJobBuffer data;           // private copy of a buffer job's bytes
     qor::ProgressTarget *progress = nullptr;
     HANDLE thread = nullptr;     // set before the thread may run
     HANDLE go = nullptr;         // released once `thread` is known
@@ -67,7 +67,6 @@ struct CRC_32::Job {
 namespace {
 
 constexpr unsigned long kPolynomial = 0x04C11DB7UL;
-constexpr std::size_t kMaxPath = 260;
 
 bool LiveTarget(const qor::ProgressTarget *progress) {
     return progress != nullptr && progress->IsLive();
@@ -145,7 +144,9 @@ unsigned long CRC_32::CalcCRC(const char *path, qor::ProgressTarget *progress) {
     auto job = std::make_unique<Job>();
     job->owner = this;
     job->progress = progress;
-    job->path.assign(path, ::strnlen(path, kMaxPath));
+    // The original's job held at most 260 characters; Linux paths run longer,
+    // and a cut path would name another file, so the whole path is kept.
+    job->path = path;
     if (!LiveTarget(progress)) return RunJob(job.release());
     job->go = CreateEvent(nullptr, TRUE, FALSE, nullptr);
     if (job->go == nullptr) return 0;

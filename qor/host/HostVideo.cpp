@@ -58,7 +58,7 @@ std::pair<long long, long long> CurrentResolution(const std::string &root) {
     return {0, 0};
 }
 
-PropertyValue Number(long long value) {
+PropertyValue PositiveNumberText(long long value) {
     return value > 0 ? PropertyValue(std::to_string(value)) : std::nullopt;
 }
 
@@ -102,11 +102,11 @@ std::vector<HostObject> ReadVideoControllers(const std::string &root) {
                       : std::nullopt;
         video["VideoProcessor"] = std::nullopt;
         video["CurrentNumberOfColors"] = bits > 0 && bits < 63 ? PropertyValue(std::to_string(1ULL << bits)) : std::nullopt;
-        video["CurrentBitsPerPixel"] = Number(bits);
-        video["CurrentHorizontalResolution"] = Number(width);
+        video["CurrentBitsPerPixel"] = PositiveNumberText(bits);
+        video["CurrentHorizontalResolution"] = PositiveNumberText(width);
         video["CurrentRefreshRate"] = std::nullopt;
         video["CurrentScanMode"] = std::nullopt;
-        video["CurrentVerticalResolution"] = Number(height);
+        video["CurrentVerticalResolution"] = PositiveNumberText(height);
         video["MaxRefreshRate"] = std::nullopt;
         video["MinRefreshRate"] = std::nullopt;
         video["NumberOfColorPlanes"] = std::nullopt;
