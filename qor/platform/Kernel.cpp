@@ -286,18 +286,20 @@ DWORD Wait(DWORD count, const HANDLE *handles, bool waitAll, DWORD milliseconds,
 }  // namespace
 }  // namespace qor::kernel
 
-using namespace qor::kernel;
 
 DWORD GetCurrentThreadId() {
+    using namespace qor::kernel;
     if (currentThreadId == 0) currentThreadId = NewThreadId();
     return currentThreadId;
 }
 
 DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds) {
+    using namespace qor::kernel;
     return Wait(1, &object, false, milliseconds, false);
 }
 
 DWORD WaitForMultipleObjects(DWORD count, const HANDLE *objects, BOOL waitAll, DWORD milliseconds) {
+    using namespace qor::kernel;
     return Wait(count, objects, waitAll != FALSE, milliseconds, false);
 }
 
@@ -305,10 +307,11 @@ DWORD MsgWaitForMultipleObjects(DWORD count, const HANDLE *objects, BOOL waitAll
                                 DWORD milliseconds, DWORD wakeMask) {
     // Every kind of input the layer knows is a queued message, so any mask
     // that asks for input asks for all of it.
-    return Wait(count, objects, waitAll != FALSE, milliseconds, wakeMask != 0);
+    return qor::kernel::Wait(count, objects, waitAll != FALSE, milliseconds, wakeMask != 0);
 }
 
 BOOL CloseHandle(HANDLE handle) {
+    using namespace qor::kernel;
     Guard guard;
     Object *object = Find(handle);
     if (!object) {

@@ -65,9 +65,9 @@ ThreadQueue *FindQueue(DWORD thread) {
 
 }  // namespace qor::kernel
 
-using namespace qor::kernel;
 
 BOOL PostThreadMessage(DWORD threadId, UINT message, WPARAM wParam, LPARAM lParam) {
+    using namespace qor::kernel;
     const DWORD now = GetTickCount();
     Guard guard;
     ThreadQueue *queue = FindQueue(threadId);
@@ -81,6 +81,7 @@ BOOL PostThreadMessage(DWORD threadId, UINT message, WPARAM wParam, LPARAM lPara
 }
 
 BOOL PeekMessage(MSG *msg, HWND window, UINT filterMin, UINT filterMax, UINT removeFlags) {
+    using namespace qor::kernel;
     ThreadQueue &queue = CurrentQueue();
     {
         Guard guard;
@@ -99,6 +100,7 @@ BOOL PeekMessage(MSG *msg, HWND window, UINT filterMin, UINT filterMax, UINT rem
 }
 
 BOOL GetMessage(MSG *msg, HWND window, UINT filterMin, UINT filterMax) {
+    using namespace qor::kernel;
     MSG local{};
     MSG *target = msg ? msg : &local;
     while (!PeekMessage(target, window, filterMin, filterMax, PM_REMOVE))
@@ -109,6 +111,7 @@ BOOL GetMessage(MSG *msg, HWND window, UINT filterMin, UINT filterMax) {
 BOOL TranslateMessage(const MSG *) { return FALSE; }
 
 LRESULT DispatchMessage(const MSG *msg) {
+    using namespace qor::kernel;
     if (!msg) return 0;
     ThreadQueue &queue = CurrentQueue();
     if (msg->hwnd == &toolkitEventMarker && msg->message == WM_NULL) {
@@ -119,6 +122,7 @@ LRESULT DispatchMessage(const MSG *msg) {
 }
 
 void PostQuitMessage(int exitCode) {
+    using namespace qor::kernel;
     CurrentQueue();
     PostThreadMessage(GetCurrentThreadId(), WM_QUIT, static_cast<WPARAM>(exitCode), 0);
 }
@@ -126,10 +130,12 @@ void PostQuitMessage(int exitCode) {
 namespace qor {
 
 void SetThreadMessageHandler(MessageHandler handler) {
+    using namespace qor::kernel;
     CurrentQueue().handler = std::move(handler);
 }
 
 void SetThreadEventHook(std::function<bool()> pending, std::function<void()> dispatch) {
+    using namespace qor::kernel;
     ThreadQueue &queue = CurrentQueue();
     if (!pending || !dispatch) {
         queue.hookPending = nullptr;

@@ -34,7 +34,8 @@ DWORD MsgWaitForMultipleObjects(DWORD count, const HANDLE *objects, BOOL waitAll
 
 BOOL CloseHandle(HANDLE object);
 
-// Threads. The handle becomes signalled when the thread ends.
+// Threads. The handle becomes signalled when the thread ends. Stack sizes and
+// creation flags are accepted and ignored: every thread starts at once.
 using LPTHREAD_START_ROUTINE = DWORD (*)(void *);
 HANDLE CreateThread(void *attributes, std::size_t stackSize, LPTHREAD_START_ROUTINE start,
                     void *parameter, DWORD flags, DWORD *threadId);

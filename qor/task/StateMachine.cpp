@@ -31,7 +31,6 @@ bool IsSignalled(HANDLE event) { return WaitForSingleObject(event, 0) == WAIT_OB
 }  // namespace
 }  // namespace qor::machine_detail
 
-using namespace qor::machine_detail;
 
 CStateMachine::CStateMachine()
     : pool(1, 1, true),
@@ -50,6 +49,7 @@ CStateMachine::CStateMachine(const CStateMachine &other)
       listener(other.listener.load()) {}
 
 CStateMachine &CStateMachine::operator=(const CStateMachine &other) {
+    using namespace qor::machine_detail;
     pool = other.pool;
     decisionEvent = other.decisionEvent;
     recoveryAction = other.recoveryAction.load();
@@ -63,6 +63,7 @@ CStateMachine &CStateMachine::operator=(const CStateMachine &other) {
 }
 
 CStateMachine::~CStateMachine() {
+    using namespace qor::machine_detail;
     CloseHandle(idleEvent);
     CloseHandle(decisionEvent);
 }
@@ -70,10 +71,12 @@ CStateMachine::~CStateMachine() {
 void CStateMachine::WaitUntilIdle() { qor::PumpUntilSignalled(idleEvent, true); }
 
 void CStateMachine::DestroyHeldTask() {
+    using namespace qor::machine_detail;
     delete lastBlockingTask.exchange(nullptr);
 }
 
 long CStateMachine::LaunchTask(CStateMachineTask *const task, bool blocking, bool firesEvents) {
+    using namespace qor::machine_detail;
     task->firesEvents = firesEvents;
     if (!IsSignalled(idleEvent)) {
         Abort();
@@ -121,6 +124,7 @@ long CStateMachine::LaunchTask(CStateMachineTask *const task, bool blocking, boo
 }
 
 void CStateMachine::ExecuteRunNonBlocking(CStateMachineTask *task) {
+    using namespace qor::machine_detail;
     CStateMachine *machine = task->machine;
     WaitForSingleObject(machine->idleEvent, INFINITE);
     ResetEvent(machine->idleEvent);
@@ -170,6 +174,7 @@ void CStateMachine::ExecuteRunNonBlocking(CStateMachineTask *task) {
 }
 
 long CStateMachine::Abort() {
+    using namespace qor::machine_detail;
     if (!IsSignalled(idleEvent)) {
         abortRequested = true;
         recoveryAction = kAbort;
@@ -191,6 +196,7 @@ long CStateMachine::Abort() {
 }
 
 long CStateMachine::Retry() {
+    using namespace qor::machine_detail;
     if (!IsSignalled(idleEvent)) {
         recoveryAction = kRetry;
         SetEvent(decisionEvent);
@@ -207,6 +213,7 @@ long CStateMachine::Retry() {
 }
 
 long CStateMachine::Ignore() {
+    using namespace qor::machine_detail;
     if (!IsSignalled(idleEvent)) {
         recoveryAction = kIgnore;
         SetEvent(decisionEvent);
@@ -254,6 +261,6 @@ void CStateMachine::ShutDown() {
     WaitUntilIdle();
 }
 
-bool CStateMachine::IsBusy() const { return !IsSignalled(idleEvent) || lastBlockingTask != nullptr; }
+bool CStateMachine::IsBusy() const { return !qor::machine_detail::IsSignalled(idleEvent) || lastBlockingTask != nullptr; }
 
-bool CStateMachine::IsThreadRunning() const { return !IsSignalled(idleEvent); }
+bool CStateMachine::IsThreadRunning() const { return !qor::machine_detail::IsSignalled(idleEvent); }
