@@ -25,7 +25,8 @@
 //                              left out when empty
 //   child(key, &R::M)          a child record, always written, read from the
 //                              last child element of the child's class name
-//   base<B>()                  first entry of a record derived from record B:
+//                              (the key must be that name: checked at compile time)
+//   base<B>()                  first entry (checked) of a record derived from B:
 //                              B's fields come first, under this record's name
 //   fileType("Query")          the document's file type (default "MetaData")
 //
@@ -49,6 +50,7 @@
 #include <charconv>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -375,6 +377,32 @@ bool FieldEqual(const R &, const R &, FileType) {
     return true;
 }
 
+// Table checks made while compiling: a child's key is its class's element
+// name (it is found and written by that name), and a base comes first.
+template <class E>
+constexpr bool EntryIsWellFormed(const E &entry, std::size_t index) {
+    if constexpr (requires { E::kind; }) {
+        if constexpr (E::kind == Kind::ChildRecord) {
+            return std::string_view(entry.key) == std::string_view(E::Type::ElementName);
+        }
+        return true;
+    } else if constexpr (requires { typename E::Base; }) {
+        return index == 0;
+    } else {
+        return true;
+    }
+}
+
+template <class Table>
+constexpr bool TableIsWellFormed(const Table &table) {
+    return std::apply(
+        [](const auto &...entry) {
+            std::size_t index = 0;
+            return (EntryIsWellFormed(entry, index++) && ... && true);
+        },
+        table);
+}
+
 inline void PickFileType(const FileType &entry, const char *&name) { name = entry.name; }
 template <class E>
 void PickFileType(const E &, const char *&) {}
@@ -434,6 +462,8 @@ struct Code {
     const auto &Scope Name::FieldTable() {                                                     \
         using namespace ::qor::record::dsl;                                                    \
         static constexpr auto table = std::tuple{__VA_ARGS__};                                 \
+        static_assert(::qor::record::TableIsWellFormed(table),                                 \
+                      "a child's key must be its element name, and a base must come first");  \
         return table;                                                                          \
     }                                                                                          \
     Scope Name::Name() = default;                                                              \
