@@ -11,8 +11,9 @@ class EventObject final : public Object {
 public:
     EventObject(bool manualReset, bool signalled) : manualReset(manualReset), signalled(signalled) {}
     bool Ready(DWORD) const override { return signalled; }
-    void Take(DWORD) override {
+    bool Take(DWORD) override {
         if (!manualReset) signalled = false;
+        return false;
     }
     const bool manualReset;
     bool signalled;

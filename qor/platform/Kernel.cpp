@@ -149,19 +149,44 @@ DWORD TryTake(const std::vector<Object *> &objects, bool waitAll, DWORD thread) 
     if (waitAll) {
         for (Object *object : objects)
             if (!object->Ready(thread)) return kNothingYet;
-        for (Object *object : objects) object->Take(thread);
-        return WAIT_OBJECT_0;
+        DWORD result = WAIT_OBJECT_0;
+        for (std::size_t i = 0; i < objects.size(); ++i)
+            if (objects[i]->Take(thread) && result == WAIT_OBJECT_0)
+                result = WAIT_ABANDONED_0 + static_cast<DWORD>(i);
+        return result;
     }
     for (std::size_t i = 0; i < objects.size(); ++i) {
         if (objects[i]->Ready(thread)) {
-            objects[i]->Take(thread);
-            return WAIT_OBJECT_0 + static_cast<DWORD>(i);
+            const bool abandoned = objects[i]->Take(thread);
+            return (abandoned ? WAIT_ABANDONED_0 : WAIT_OBJECT_0) + static_cast<DWORD>(i);
         }
     }
     return kNothingYet;
 }
 
+// The index of the object a successful result names, or `count` when the
+// result names none.
+DWORD TakenIndex(DWORD result, DWORD count) {
+    if (result < WAIT_OBJECT_0 + count) return result - WAIT_OBJECT_0;
+    if (result >= WAIT_ABANDONED_0 && result < WAIT_ABANDONED_0 + count) return result - WAIT_ABANDONED_0;
+    return count;
+}
+
+// Ends with its thread and abandons the mutexes the thread still owns.
+struct ThreadExitWatch {
+    bool armed = false;
+    ~ThreadExitWatch() {
+        if (!armed) return;
+        const DWORD thread = GetCurrentThreadId();
+        Guard guard;
+        AbandonMutexesOf(thread);
+    }
+};
+thread_local ThreadExitWatch exitWatch;
+
 }  // namespace
+
+void WatchThreadExit() { exitWatch.armed = true; }
 
 void Object::WakeWaiters() {
     for (Waiter *waiter : waiters) {
@@ -183,6 +208,7 @@ DWORD Wait(DWORD count, const HANDLE *handles, bool waitAll, DWORD milliseconds,
         return WAIT_FAILED;
     }
     const DWORD thread = GetCurrentThreadId();
+    WatchThreadExit();
     ThreadQueue *queue = forInput ? &CurrentQueue() : nullptr;
     const bool hooked = queue && queue->hookPending;
     const bool infinite = milliseconds == INFINITE;
@@ -261,10 +287,10 @@ DWORD Wait(DWORD count, const HANDLE *handles, bool waitAll, DWORD milliseconds,
 
     // A cross-process mutex is taken in the process first, then in the file
     // lock, which may block and so runs outside the lock.
-    if (result < WAIT_OBJECT_0 + count) {
+    if (const DWORD index = TakenIndex(result, count); index < count) {
         std::vector<Object *> taken;
         if (waitAll) taken = objects;
-        else taken.push_back(objects[result - WAIT_OBJECT_0]);
+        else taken.push_back(objects[index]);
         std::vector<Object *> completing;
         for (Object *object : taken)
             if (object->NeedsCompletion()) completing.push_back(object);

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <map>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -59,19 +60,22 @@ std::string MutexLockFileName(const std::string &name) {
 
 class MutexObject final : public Object {
 public:
-    explicit MutexObject(std::string name = {}) : name(std::move(name)) {}
+    explicit MutexObject(std::string name = {});
     ~MutexObject() override;
 
     bool Named() const { return !name.empty(); }
     bool Ready(DWORD thread) const override { return owner == 0 || owner == thread; }
-    void Take(DWORD thread) override {
+    bool Take(DWORD thread) override {
         if (owner == thread) {
             ++count;
-            return;
+            return false;
         }
         owner = thread;
         count = 1;
         fileLockPending = Named();
+        const bool wasAbandoned = abandoned;
+        abandoned = false;
+        return wasAbandoned;
     }
     bool NeedsCompletion() const override { return fileLockPending; }
     bool Complete(bool infinite, Clock::time_point deadline) override;
@@ -89,11 +93,18 @@ public:
     const std::string name;
     DWORD owner = 0;
     unsigned count = 0;
+    bool abandoned = false;
     // Touched by the owning thread only, between its take and the file lock.
     bool fileLockPending = false;
     int fd = -1;
     pid_t fdProcess = 0;
 };
+
+// Every mutex of the process, for the ones a thread leaves behind (under Lock()).
+std::set<MutexObject *> &AllMutexes() {
+    static auto *all = new std::set<MutexObject *>;
+    return *all;
+}
 
 // Named mutexes of this process, by name (under Lock()).
 std::map<std::string, MutexObject *> &NamedMutexes() {
@@ -101,7 +112,10 @@ std::map<std::string, MutexObject *> &NamedMutexes() {
     return *names;
 }
 
+MutexObject::MutexObject(std::string name) : name(std::move(name)) { AllMutexes().insert(this); }
+
 MutexObject::~MutexObject() {
+    AllMutexes().erase(this);
     if (fd >= 0 && fdProcess == getpid()) close(fd);  // also drops a held file lock
     if (Named()) {
         auto found = NamedMutexes().find(name);
@@ -142,11 +156,25 @@ bool MutexObject::Complete(bool infinite, Clock::time_point deadline) {
 }
 
 }  // namespace
+
+void AbandonMutexesOf(DWORD thread) {
+    for (MutexObject *mutex : AllMutexes()) {
+        if (mutex->owner != thread || mutex->count == 0) continue;
+        if (mutex->Named() && mutex->fd >= 0 && mutex->fdProcess == getpid()) flock(mutex->fd, LOCK_UN);
+        mutex->owner = 0;
+        mutex->count = 0;
+        mutex->fileLockPending = false;
+        mutex->abandoned = true;
+        mutex->WakeWaiters();
+    }
+}
+
 }  // namespace qor::kernel
 
 HANDLE CreateMutex(void *, BOOL initialOwner, const char *name) {
     using namespace qor::kernel;
     const DWORD thread = GetCurrentThreadId();
+    if (initialOwner) WatchThreadExit();
     Guard guard;
     if (name && *name) {
         auto found = NamedMutexes().find(name);

@@ -41,6 +41,7 @@ HANDLE BeginThread(std::function<DWORD()> body, DWORD *threadId) {
             const DWORD code = body();
             body = nullptr;  // whatever the body captured goes before the handle signals
             Guard guard;
+            AbandonMutexesOf(id);  // as the thread ends, not later at its cleanup
             object->exitCode = code;
             object->ended = true;
             object->WakeWaiters();

@@ -63,6 +63,33 @@ TEST(Mutex, SerialisesManyThreads) {
     CloseHandle(mutex);
 }
 
+// A thread that ends while owning a mutex frees it; the next owner learns of
+// it from the wait's result, so a crashed holder cannot hang everyone.
+TEST(Mutex, IsAbandonedWhenItsOwnerEnds) {
+    const std::string name = UniqueName("abandoned");
+    HANDLE plain = CreateMutex(nullptr, FALSE, nullptr);
+    HANDLE named = CreateMutex(nullptr, FALSE, name.c_str());
+    HANDLE owner = qor::BeginThread([&]() -> DWORD {
+        WaitForSingleObject(plain, INFINITE);
+        WaitForSingleObject(named, INFINITE);
+        return 0;
+    });
+    WaitForSingleObject(owner, INFINITE);
+    CloseHandle(owner);
+    HANDLE never = CreateEvent(nullptr, TRUE, FALSE, nullptr);
+    HANDLE either[2] = {never, plain};
+    EXPECT_EQ(WaitForMultipleObjects(2, either, FALSE, INFINITE), WAIT_ABANDONED_0 + 1);
+    EXPECT_EQ(WaitForSingleObject(named, INFINITE), WAIT_ABANDONED_0);
+    // Owned normally from here on.
+    EXPECT_EQ(WaitForSingleObject(plain, 0), WAIT_OBJECT_0);
+    EXPECT_TRUE(ReleaseMutex(plain));
+    EXPECT_TRUE(ReleaseMutex(plain));
+    EXPECT_TRUE(ReleaseMutex(named));
+    EXPECT_TRUE(OtherThreadCanTake(plain));
+    EXPECT_TRUE(OtherThreadCanTake(named));
+    for (HANDLE handle : {plain, named, never}) CloseHandle(handle);
+}
+
 TEST(NamedMutex, HandlesOfOneNameShareOneOwnership) {
     const std::string name = UniqueName("shared");
     HANDLE first = CreateMutex(nullptr, FALSE, name.c_str());

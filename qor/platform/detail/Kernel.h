@@ -107,8 +107,9 @@ public:
     // All of these run with Lock() held.
     // Could `thread` take the object now?
     virtual bool Ready(DWORD thread) const = 0;
-    // Take it: consume an auto-reset signal, own a mutex.
-    virtual void Take(DWORD thread) {}
+    // Take it: consume an auto-reset signal, own a mutex. True when what was
+    // taken is a mutex that its last owner left behind by ending.
+    virtual bool Take(DWORD thread) { return false; }
     // Work a successful take needs done outside the lock (a cross-process
     // file lock); false if it could not be done by `deadline`.
     virtual bool NeedsCompletion() const { return false; }
@@ -153,6 +154,12 @@ void AdoptQueue(std::shared_ptr<ThreadQueue> queue);
 void ForgetQueue(DWORD thread);
 // The queue of `thread`, or nullptr (under Lock()).
 ThreadQueue *FindQueue(DWORD thread);
+
+// Frees the mutexes a thread still owns when it ends; their next owner's
+// wait reports WAIT_ABANDONED_0 + i, as on Windows (under Lock()).
+void AbandonMutexesOf(DWORD thread);
+// Makes sure the calling thread's mutexes are abandoned when it ends.
+void WatchThreadExit();
 
 // Thread ids: unique within the process for its whole life.
 DWORD NewThreadId();
