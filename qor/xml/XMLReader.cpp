@@ -18,7 +18,13 @@ namespace {
 // Comments and doctypes both open with "<!", and a buffer without one is
 // read as it stands, with no copy.
 bool MayHoldDiscardable(const std::string &buffer) {
-    return buffer.find("<!") != std::string::npos;
+    for (std::size_t at = 1; at < buffer.size(); ++at) {
+        const void *bang = std::memchr(buffer.data() + at, '!', buffer.size() - at);
+        if (!bang) return false;
+        at = static_cast<const char *>(bang) - buffer.data();
+        if (buffer[at - 1] == '<') return true;
+    }
+    return false;
 }
 
 }  // namespace

@@ -17,6 +17,21 @@ std::size_t FindByte(std::string_view s, char c, std::size_t from, std::size_t t
     return hit ? static_cast<const char *>(hit) - s.data() : npos;
 }
 
+// First occurrence of `needle` at or after `from`. The tags searched for all
+// begin with '<', which every element has; their second byte ('!') is rare,
+// so that is the byte to scan for.
+std::size_t FindTag(std::string_view s, std::string_view needle, std::size_t from) {
+    if (needle.size() < 2) return s.find(needle, from);
+    for (std::size_t at = from + 1; at < s.size();) {
+        const void *hit = std::memchr(s.data() + at, needle[1], s.size() - at);
+        if (!hit) return npos;
+        std::size_t second = static_cast<const char *>(hit) - s.data();
+        if (s.compare(second - 1, needle.size(), needle) == 0) return second - 1;
+        at = second + 1;
+    }
+    return npos;
+}
+
 }  // namespace
 
 // The buffer is kept as s[0, kept) followed by s[unread, n): what an erasing
@@ -31,17 +46,17 @@ void DiscardSpans(std::string &s, std::string_view startTag, std::string_view en
     std::size_t unread = 0;
     auto closeGap = [&] { s.erase(kept, unread - kept); };
     for (;;) {
-        std::size_t start = s.find(startTag, unread);
+        std::size_t start = FindTag(s, startTag, unread);
         if (start == npos) break;
         std::size_t end = s.find(endTag, start);
         std::size_t nextStart = npos;
         if (end == npos) {
-            nextStart = s.find(startTag, start + 1);
+            nextStart = FindTag(s, startTag, start + 1);
         } else {
             // Only a startTag that begins before `end` matters.
             std::size_t limit = std::min(s.size(), end + startTag.size() - 1);
             std::string_view between(s.data() + start + 1, limit - (start + 1));
-            std::size_t at = between.find(startTag);
+            std::size_t at = FindTag(between, startTag, 0);
             if (at != npos) nextStart = start + 1 + at;
         }
         if (end == npos || nextStart != npos) {

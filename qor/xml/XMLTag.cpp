@@ -54,14 +54,12 @@ void ReadAttributes(std::string_view tag, std::size_t rest, XMLNodeData &node) {
         std::string_view raw = tag.substr(quote + 1, closeQuote - quote - 1);
         // Documents written by this library list keys in map order, so the
         // end is the usual place of a new key.
-        std::string *value;
-        if (attributes.empty() || attributes.rbegin()->first < key) {
-            value = &attributes.emplace_hint(attributes.end(), key, std::string())->second;
-        } else {
-            value = &attributes[std::string(key)];
-            value->clear();
-        }
-        qor::xmltext::AppendUnescaped(*value, raw);
+        // emplace_hint keeps an existing value; a repeated key must replace it.
+        const std::size_t before = attributes.size();
+        std::string &value = attributes.emplace_hint(attributes.end(), key, std::string())->second;
+        if (attributes.size() == before) value.clear();
+        if (raw.size() > 15) value.reserve(raw.size());
+        qor::xmltext::AppendUnescaped(value, raw);
         rest = closeQuote + 1;
     }
     node.closed = tag.size() >= 2 && tag.substr(tag.size() - 2) == "/>";
@@ -79,11 +77,20 @@ namespace qor {
 
 XMLNodeData::XMLNodeData(const std::string &tag) { xmltag::ReadTag(tag, *this); }
 
+// Subtrees go by plain recursion up to a depth that any stack bears; below
+// that, a subtree is flattened into one list first, so that a document
+// nested a million levels deep does not take a million nested destructor
+// calls with it.
 XMLNodeData::~XMLNodeData() {
     if (children.empty()) return;
-    // Flatten the subtree into one list before it goes, so that a document
-    // nested a million levels deep does not take a million nested
-    // destructor calls with it.
+    constexpr int kRecursionLimit = 256;
+    thread_local int depth = 0;
+    if (depth < kRecursionLimit) {
+        ++depth;
+        children.clear();
+        --depth;
+        return;
+    }
     std::list<XMLNodeData> doomed;
     doomed.splice(doomed.end(), children);
     for (auto it = doomed.begin(); it != doomed.end(); ++it)
