@@ -147,7 +147,9 @@ TEST(LANInfo, NeighboursAnswerThroughBothMacStrategies) {
     for (const auto &[ip, mac] : neighbours) {
         EXPECT_EQ(viaTable.at(ip), mac);
         // The listing is taken later than the table; an entry may have aged out.
-        if (viaCommand.count(ip)) EXPECT_EQ(viaCommand.at(ip), mac);
+        if (viaCommand.count(ip)) {
+            EXPECT_EQ(viaCommand.at(ip), mac);
+        }
     }
     if (neighbours.empty()) GTEST_SKIP() << "the host has no neighbours to ask about";
 }

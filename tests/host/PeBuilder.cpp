@@ -67,11 +67,11 @@ std::vector<std::uint8_t> Block(const std::string &key, std::uint16_t type,
 
 }  // namespace
 
-std::vector<std::uint8_t> BuildVersionResource(const VersionResourceSpec &spec) {
+std::vector<std::uint8_t> BuildVersionResource(const VersionResourceLayout &layout) {
     std::vector<std::vector<std::uint8_t>> sections;
-    if (!spec.tables.empty()) {
+    if (!layout.tables.empty()) {
         std::vector<std::vector<std::uint8_t>> tables;
-        for (const StringTableSpec &table : spec.tables) {
+        for (const StringTableLayout &table : layout.tables) {
             std::vector<std::vector<std::uint8_t>> strings;
             for (const auto &[key, value] : table.values)
                 strings.push_back(Block(key, 1, Utf16(value), static_cast<std::uint16_t>(value.size() + 1), {}));
@@ -79,9 +79,9 @@ std::vector<std::uint8_t> BuildVersionResource(const VersionResourceSpec &spec) 
         }
         sections.push_back(Block("StringFileInfo", 1, {}, 0, tables));
     }
-    if (spec.withTranslations) {
+    if (layout.withTranslations) {
         ByteWriter pairs;
-        for (auto [language, codePage] : spec.translations) {
+        for (auto [language, codePage] : layout.translations) {
             pairs.U16(language);
             pairs.U16(codePage);
         }
@@ -89,8 +89,8 @@ std::vector<std::uint8_t> BuildVersionResource(const VersionResourceSpec &spec) 
         sections.push_back(Block("VarFileInfo", 1, {}, 0, {var}));
     }
     std::vector<std::uint8_t> fixed;
-    if (spec.withFixedInfo) {
-        tagVS_FIXEDFILEINFO info = spec.fixed;
+    if (layout.withFixedInfo) {
+        tagVS_FIXEDFILEINFO info = layout.fixed;
         info.dwSignature = 0xFEEF04BD;
         if (info.dwStrucVersion == 0) info.dwStrucVersion = 0x00010000;
         ByteWriter w;
@@ -101,7 +101,7 @@ std::vector<std::uint8_t> BuildVersionResource(const VersionResourceSpec &spec) 
     return Block("VS_VERSION_INFO", 0, fixed, static_cast<std::uint16_t>(fixed.size()), sections);
 }
 
-std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource, const PeImageSpec &spec) {
+std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource, const PeImageOptions &options) {
     constexpr std::uint32_t kFileAlignment = 0x200;
     constexpr std::uint32_t kSectionRva = 0x1000;
 
@@ -120,7 +120,7 @@ std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource
             rsrc.U32(offset);
         }
     };
-    const std::uint32_t typeDirSize = 16 + 8 * (spec.iconTypeFirst ? 2 : 1);
+    const std::uint32_t typeDirSize = 16 + 8 * (options.iconTypeFirst ? 2 : 1);
     const std::uint32_t nameDir = typeDirSize;
     const std::uint32_t languageDir = nameDir + 24;
     const std::uint32_t dataEntry = languageDir + 24;
@@ -128,7 +128,7 @@ std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource
     std::vector<std::pair<std::uint32_t, std::uint32_t>> types;
     // The icon type points at the same name directory; the reader must pick
     // RT_VERSION by its id, not by position.
-    if (spec.iconTypeFirst) types.push_back({3, 0x80000000u | nameDir});
+    if (options.iconTypeFirst) types.push_back({3, 0x80000000u | nameDir});
     types.push_back({16, 0x80000000u | nameDir});
     directory(types);
     directory({{1, 0x80000000u | languageDir}});
@@ -147,8 +147,8 @@ std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource
     pe.U32(0x40);    // e_lfanew
     pe.PadTo(0x40);
     pe.Append({'P', 'E', 0, 0});
-    const std::uint16_t optionalSize = spec.pe32Plus ? 240 : 224;
-    pe.U16(spec.pe32Plus ? 0x8664 : 0x014C);
+    const std::uint16_t optionalSize = options.pe32Plus ? 240 : 224;
+    pe.U16(options.pe32Plus ? 0x8664 : 0x014C);
     pe.U16(1);       // sections
     pe.U32(0);       // time stamp
     pe.U32(0);
@@ -156,13 +156,13 @@ std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource
     pe.U16(optionalSize);
     pe.U16(0x0102);  // executable image
     const std::size_t optional = pe.bytes.size();
-    pe.U16(spec.pe32Plus ? 0x20B : 0x10B);
+    pe.U16(options.pe32Plus ? 0x20B : 0x10B);
     pe.PadTo(optional + optionalSize);
     pe.PutU32(optional + 32, 0x1000);          // section alignment
     pe.PutU32(optional + 36, kFileAlignment);  // file alignment
     pe.PutU32(optional + 56, kSectionRva + 0x1000 * ((rsrcSize + 0xFFF) / 0x1000));  // image size
     pe.PutU32(optional + 60, kFileAlignment);  // header size
-    const std::size_t directories = optional + (spec.pe32Plus ? 112 : 96);
+    const std::size_t directories = optional + (options.pe32Plus ? 112 : 96);
     pe.PutU32(directories - 4, 16);            // number of data directories
     pe.PutU32(directories + 2 * 8, kSectionRva);
     pe.PutU32(directories + 2 * 8 + 4, rsrcSize);
@@ -182,20 +182,20 @@ std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource
     return pe.bytes;
 }
 
-VersionResourceSpec TypicalVersionSpec() {
-    VersionResourceSpec spec;
-    spec.fixed.dwFileVersionMS = 0x00010002;
-    spec.fixed.dwFileVersionLS = 0x00030004;
-    spec.fixed.dwProductVersionMS = 0x00050006;
-    spec.fixed.dwProductVersionLS = 0x00070008;
-    spec.fixed.dwFileFlagsMask = 0x3F;
-    spec.fixed.dwFileFlags = 0x1;       // debug
-    spec.fixed.dwFileOS = 0x40004;      // NT, Win32
-    spec.fixed.dwFileType = 0x2;        // DLL
-    spec.fixed.dwFileSubtype = 0;
-    spec.fixed.dwFileDateMS = 0x01D2;
-    spec.fixed.dwFileDateLS = 0x12345678;
-    spec.tables = {{"040904b0",
+VersionResourceLayout TypicalVersionLayout() {
+    VersionResourceLayout layout;
+    layout.fixed.dwFileVersionMS = 0x00010002;
+    layout.fixed.dwFileVersionLS = 0x00030004;
+    layout.fixed.dwProductVersionMS = 0x00050006;
+    layout.fixed.dwProductVersionLS = 0x00070008;
+    layout.fixed.dwFileFlagsMask = 0x3F;
+    layout.fixed.dwFileFlags = 0x1;       // debug
+    layout.fixed.dwFileOS = 0x40004;      // NT, Win32
+    layout.fixed.dwFileType = 0x2;        // DLL
+    layout.fixed.dwFileSubtype = 0;
+    layout.fixed.dwFileDateMS = 0x01D2;
+    layout.fixed.dwFileDateLS = 0x12345678;
+    layout.tables = {{"040904b0",
                     {{"CompanyName", "Example Instruments Ltd"},
                      {"FileDescription", "Plate handler driver"},
                      {"FileVersion", "1, 2, 3, 4"},
@@ -204,8 +204,8 @@ VersionResourceSpec TypicalVersionSpec() {
                      {"OriginalFilename", "platehandler.dll"},
                      {"ProductName", "Scheduler"},
                      {"ProductVersion", "5, 6, 7, 8"}}}};
-    spec.translations = {{0x0409, 0x04B0}};
-    return spec;
+    layout.translations = {{0x0409, 0x04B0}};
+    return layout;
 }
 
 }  // namespace qor::test

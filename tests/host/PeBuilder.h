@@ -11,23 +11,23 @@
 
 namespace qor::test {
 
-struct StringTableSpec {
+struct StringTableLayout {
     std::string key;  // "040904b0"
     std::vector<std::pair<std::string, std::string>> values;
 };
 
-struct VersionResourceSpec {
+struct VersionResourceLayout {
     bool withFixedInfo = true;
     tagVS_FIXEDFILEINFO fixed{};  // the signature is filled in
-    std::vector<StringTableSpec> tables;
+    std::vector<StringTableLayout> tables;
     bool withTranslations = true;
     std::vector<std::pair<std::uint16_t, std::uint16_t>> translations;  // language, code page
 };
 
 // The VS_VERSIONINFO block of the resource.
-std::vector<std::uint8_t> BuildVersionResource(const VersionResourceSpec &spec);
+std::vector<std::uint8_t> BuildVersionResource(const VersionResourceLayout &layout);
 
-struct PeImageSpec {
+struct PeImageOptions {
     bool pe32Plus = false;
     // An icon resource type ahead of RT_VERSION, as real files have.
     bool iconTypeFirst = true;
@@ -36,9 +36,9 @@ struct PeImageSpec {
 // A one-section PE image whose resource tree holds `resource` as RT_VERSION 1,
 // language 0x0409.
 std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource,
-                                       const PeImageSpec &spec = {});
+                                       const PeImageOptions &options = {});
 
 // A typical resource: fixed versions 1.2.3.4 / 5.6.7.8, one US English table.
-VersionResourceSpec TypicalVersionSpec();
+VersionResourceLayout TypicalVersionLayout();
 
 }  // namespace qor::test

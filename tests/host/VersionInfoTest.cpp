@@ -14,8 +14,8 @@ namespace {
 
 using qor::test::BuildPeImage;
 using qor::test::BuildVersionResource;
-using qor::test::TypicalVersionSpec;
-using qor::test::VersionResourceSpec;
+using qor::test::TypicalVersionLayout;
+using qor::test::VersionResourceLayout;
 
 CVersionInfo LoadImage(const std::vector<std::uint8_t> &image) {
     CVersionInfo info;
@@ -36,9 +36,9 @@ std::string WriteTempFile(const std::vector<std::uint8_t> &bytes) {
 class VersionInfoImage : public ::testing::TestWithParam<bool> {};
 
 TEST_P(VersionInfoImage, ReadsFixedPartAndStringsFromAFile) {
-    qor::test::PeImageSpec pe;
+    qor::test::PeImageOptions pe;
     pe.pe32Plus = GetParam();
-    std::string path = WriteTempFile(BuildPeImage(BuildVersionResource(TypicalVersionSpec()), pe));
+    std::string path = WriteTempFile(BuildPeImage(BuildVersionResource(TypicalVersionLayout()), pe));
     CVersionInfo info(path);
     std::remove(path.c_str());
 
@@ -72,9 +72,9 @@ TEST_P(VersionInfoImage, ReadsFixedPartAndStringsFromAFile) {
 INSTANTIATE_TEST_SUITE_P(Pe32AndPe32Plus, VersionInfoImage, ::testing::Values(false, true));
 
 TEST(VersionInfo, ProductnameKeyWithSmallNIsFound) {
-    VersionResourceSpec spec = TypicalVersionSpec();
-    spec.tables[0].values.push_back({"Productname", "Small n"});
-    EXPECT_EQ(LoadImage(BuildPeImage(BuildVersionResource(spec))).GetProductName(), "Small n");
+    VersionResourceLayout layout = TypicalVersionLayout();
+    layout.tables[0].values.push_back({"Productname", "Small n"});
+    EXPECT_EQ(LoadImage(BuildPeImage(BuildVersionResource(layout))).GetProductName(), "Small n");
 }
 
 TEST(VersionInfo, VersionTextsAreNormalised) {
@@ -92,19 +92,19 @@ TEST(VersionInfo, VersionTextsAreNormalised) {
         {"3.1.4", "3.1.4", "", ""},
     };
     for (const Case &c : cases) {
-        VersionResourceSpec spec = TypicalVersionSpec();
-        spec.tables[0].values = {{"FileVersion", c.fileVersion}, {"ProductVersion", c.productVersion}};
-        CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+        VersionResourceLayout layout = TypicalVersionLayout();
+        layout.tables[0].values = {{"FileVersion", c.fileVersion}, {"ProductVersion", c.productVersion}};
+        CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
         EXPECT_EQ(info.GetFileVersionAsString(), c.expectFile) << c.fileVersion;
         EXPECT_EQ(info.GetProductVersionAsString(), c.expectProduct) << c.productVersion;
     }
 }
 
 TEST(VersionInfo, TranslationsSelectTheStringTable) {
-    VersionResourceSpec spec = TypicalVersionSpec();
-    spec.tables = {{"040904B0", {{"CompanyName", "English"}}}, {"040704b0", {{"CompanyName", "Deutsch"}}}};
-    spec.translations = {{0x0409, 0x04B0}, {0x0407, 0x04B0}};
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    VersionResourceLayout layout = TypicalVersionLayout();
+    layout.tables = {{"040904B0", {{"CompanyName", "English"}}}, {"040704b0", {{"CompanyName", "Deutsch"}}}};
+    layout.translations = {{0x0409, 0x04B0}, {0x0407, 0x04B0}};
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
     ASSERT_EQ(info.GetTranslationCount(), 2);
     EXPECT_EQ(info.GetTranslation(1)->language, 0x0407);
     EXPECT_EQ(info.GetTranslation(1)->codePage, 0x04B0);
@@ -120,9 +120,9 @@ TEST(VersionInfo, TranslationsSelectTheStringTable) {
 
 TEST(VersionInfo, TableThatNoTranslationNamesIsNotRead) {
     // Real files list 0409 and hold a table for 0809; the reads find nothing.
-    VersionResourceSpec spec = TypicalVersionSpec();
-    spec.tables[0].key = "080904b0";
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    VersionResourceLayout layout = TypicalVersionLayout();
+    layout.tables[0].key = "080904b0";
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
     EXPECT_EQ(info.GetCompanyName(), "Unknown");
     EXPECT_EQ(info.GetFileVersionAsString(), "Unknown");
     ASSERT_NE(info.GetVersionBlock(), nullptr);
@@ -130,19 +130,19 @@ TEST(VersionInfo, TableThatNoTranslationNamesIsNotRead) {
 }
 
 TEST(VersionInfo, StringTablesStandInForAMissingTranslationList) {
-    VersionResourceSpec spec = TypicalVersionSpec();
-    spec.withTranslations = false;
-    spec.tables[0].key = "041104e4";
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    VersionResourceLayout layout = TypicalVersionLayout();
+    layout.withTranslations = false;
+    layout.tables[0].key = "041104e4";
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
     ASSERT_EQ(info.GetTranslationCount(), 1);
     EXPECT_EQ(info.GetTranslation(0)->language, 0x0411);
     EXPECT_EQ(info.GetCompanyName(), "Example Instruments Ltd");
 }
 
 TEST(VersionInfo, ResourceWithoutFixedPartStillGivesStrings) {
-    VersionResourceSpec spec = TypicalVersionSpec();
-    spec.withFixedInfo = false;
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(spec)));
+    VersionResourceLayout layout = TypicalVersionLayout();
+    layout.withFixedInfo = false;
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
     EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
     EXPECT_EQ(info.GetFileVersion(), 0u);
     EXPECT_EQ(info.GetInternalName(), "platehandler");
@@ -162,7 +162,7 @@ TEST(VersionInfo, FilesWithoutAResourceLeaveTheObjectEmpty) {
     }
     std::remove(text.c_str());
     // A failed load forgets what an earlier one held.
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(TypicalVersionSpec())));
+    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(TypicalVersionLayout())));
     ASSERT_NE(info.GetFixedFileInfo(), nullptr);
     EXPECT_EQ(info.Load("/nonexistent/qor.dll"), 0);
     EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
@@ -178,7 +178,7 @@ TEST(VersionInfo, RunningProgramIsNoPeFile) {
 // Every prefix of a valid image, and images with bytes changed at random,
 // must load or fail cleanly (the sanitizer build checks the memory side).
 TEST(VersionInfo, TruncatedAndDamagedImagesNeverCrash) {
-    const auto image = BuildPeImage(BuildVersionResource(TypicalVersionSpec()));
+    const auto image = BuildPeImage(BuildVersionResource(TypicalVersionLayout()));
     for (std::size_t size = 0; size < image.size(); ++size) {
         CVersionInfo info;
         int loaded = info.LoadFromMemory(image.data(), size);
@@ -203,14 +203,14 @@ TEST(VersionInfo, TruncatedAndDamagedImagesNeverCrash) {
 }
 
 TEST(VersionInfo, HostileSizesAreBoundedByTheirParents) {
-    auto resource = BuildVersionResource(TypicalVersionSpec());
+    auto resource = BuildVersionResource(TypicalVersionLayout());
     // A root that claims to be far longer than the resource, and a child
     // claiming more than its parent: both are cut, nothing is read beyond.
     resource[0] = 0xFF;
     resource[1] = 0xFF;
     CVersionInfo info = LoadImage(BuildPeImage(resource));
     EXPECT_EQ(info.GetFileVersion(), 0x0001000200030004ULL);
-    auto zeroLength = BuildVersionResource(TypicalVersionSpec());
+    auto zeroLength = BuildVersionResource(TypicalVersionLayout());
     zeroLength[0] = zeroLength[1] = 0;
     EXPECT_EQ(LoadImage(BuildPeImage(zeroLength)).GetFixedFileInfo(), nullptr);
 }

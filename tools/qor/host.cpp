@@ -162,7 +162,25 @@ int HostAdapters() {
     }
 }
 
+constexpr const char *kHostHelp =
+    "usage: qor host info [--json]\n"
+    "       qor host adapters\n"
+    "       qor host os-code\n"
+    "\n"
+    "info      lists every record of the machine's inventory: operating system,\n"
+    "          processors, memory modules, disks, BIOS, motherboard, working wired\n"
+    "          network adapters and video controllers, one field per line, or as a\n"
+    "          JSON object of arrays with --json. Facts the host does not expose are\n"
+    "          empty or 0; memory modules need the DMI table, which root can read.\n"
+    "adapters  the network adapters with their IPv4 address, subnet mask and MAC.\n"
+    "os-code   the operating system's version code (9 for a 6.x kernel, 0 when the\n"
+    "          version is not in the table), on which the adapter strategies choose.\n";
+
 int RunHost(const std::vector<std::string> &args) {
+    if (WantsHelp(args)) {
+        std::fputs(kHostHelp, stdout);
+        return 0;
+    }
     if (args.empty()) return UsageError("host: say which: info or adapters (see qor host --help)");
     const std::string &what = args[0];
     if (what == "info") {
@@ -187,18 +205,7 @@ int RunHost(const std::vector<std::string> &args) {
 const QorCommand hostCommand({
     "host",
     "describe this machine: inventory, adapters, OS version code",
-    "usage: qor host info [--json]\n"
-    "       qor host adapters\n"
-    "       qor host os-code\n"
-    "\n"
-    "info      lists every record of the machine's inventory: operating system,\n"
-    "          processors, memory modules, disks, BIOS, motherboard, working wired\n"
-    "          network adapters and video controllers, one field per line, or as a\n"
-    "          JSON object of arrays with --json. Facts the host does not expose are\n"
-    "          empty or 0; memory modules need the DMI table, which root can read.\n"
-    "adapters  the network adapters with their IPv4 address, subnet mask and MAC.\n"
-    "os-code   the operating system's version code (9 for a 6.x kernel, 0 when the\n"
-    "          version is not in the table), on which the adapter strategies choose.\n",
+    kHostHelp,
     &RunHost,
 });
 
@@ -238,7 +245,19 @@ private:
 // Files from this size on show a bar when standard error is a terminal.
 constexpr long long kBarThreshold = 8LL << 20;
 
+constexpr const char *kCrcHelp =
+    "usage: qor crc FILE...\n"
+    "\n"
+    "Prints the CRC-32 (IEEE 802.3, as zip and PNG use it) of each file as eight\n"
+    "hex digits and the file's name. Large files show a progress bar when standard\n"
+    "error is a terminal. An empty file's CRC is 00000000. Exits 1 when a file\n"
+    "cannot be read or names a folder.\n";
+
 int RunCrc(const std::vector<std::string> &args) {
+    if (WantsHelp(args)) {
+        std::fputs(kCrcHelp, stdout);
+        return 0;
+    }
     if (args.empty()) return UsageError("crc: name at least one file (see qor crc --help)");
     CRC_32 crc;
     int status = 0;
@@ -274,12 +293,7 @@ int RunCrc(const std::vector<std::string> &args) {
 const QorCommand crcCommand({
     "crc",
     "print the CRC-32 of files",
-    "usage: qor crc FILE...\n"
-    "\n"
-    "Prints the CRC-32 (IEEE 802.3, as zip and PNG use it) of each file as eight\n"
-    "hex digits and the file's name. Large files show a progress bar when standard\n"
-    "error is a terminal. An empty file's CRC is 00000000. Exits 1 when a file\n"
-    "cannot be read or names a folder.\n",
+    kCrcHelp,
     &RunCrc,
 });
 
@@ -292,7 +306,19 @@ std::string DottedVersion(unsigned long long version) {
     return text;
 }
 
+constexpr const char *kVersionHelp =
+    "usage: qor version FILE\n"
+    "\n"
+    "Reads the version resource of a Windows executable, library or driver (32- or\n"
+    "64-bit PE) and prints its fixed part (file and product versions, flags, OS and\n"
+    "type), the normalised file and product versions of each translation, and every\n"
+    "string table with its values. Exits 1 when the file has no version resource.\n";
+
 int RunVersion(const std::vector<std::string> &args) {
+    if (WantsHelp(args)) {
+        std::fputs(kVersionHelp, stdout);
+        return 0;
+    }
     if (args.size() != 1) return UsageError("version: name one file (see qor version --help)");
     CVersionInfo info;
     if (!info.Load(args[0])) {
@@ -329,12 +355,7 @@ int RunVersion(const std::vector<std::string> &args) {
 const QorCommand versionCommand({
     "version",
     "print the version resource of a Windows PE file",
-    "usage: qor version FILE\n"
-    "\n"
-    "Reads the version resource of a Windows executable, library or driver (32- or\n"
-    "64-bit PE) and prints its fixed part (file and product versions, flags, OS and\n"
-    "type), the normalised file and product versions of each translation, and every\n"
-    "string table with its values. Exits 1 when the file has no version resource.\n",
+    kVersionHelp,
     &RunVersion,
 });
 
