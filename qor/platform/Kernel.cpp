@@ -314,19 +314,17 @@ DWORD Wait(DWORD count, const HANDLE *handles, bool waitAll, DWORD milliseconds,
 
 
 DWORD GetCurrentThreadId() {
-    using namespace qor::kernel;
-    if (currentThreadId == 0) currentThreadId = NewThreadId();
+    using qor::kernel::currentThreadId;
+    if (currentThreadId == 0) currentThreadId = qor::kernel::NewThreadId();
     return currentThreadId;
 }
 
 DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds) {
-    using namespace qor::kernel;
-    return Wait(1, &object, false, milliseconds, false);
+    return qor::kernel::Wait(1, &object, false, milliseconds, false);
 }
 
 DWORD WaitForMultipleObjects(DWORD count, const HANDLE *objects, BOOL waitAll, DWORD milliseconds) {
-    using namespace qor::kernel;
-    return Wait(count, objects, waitAll != FALSE, milliseconds, false);
+    return qor::kernel::Wait(count, objects, waitAll != FALSE, milliseconds, false);
 }
 
 DWORD MsgWaitForMultipleObjects(DWORD count, const HANDLE *objects, BOOL waitAll,

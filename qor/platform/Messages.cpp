@@ -100,7 +100,6 @@ BOOL PeekMessage(MSG *msg, HWND window, UINT filterMin, UINT filterMax, UINT rem
 }
 
 BOOL GetMessage(MSG *msg, HWND window, UINT filterMin, UINT filterMax) {
-    using namespace qor::kernel;
     MSG local{};
     MSG *target = msg ? msg : &local;
     while (!PeekMessage(target, window, filterMin, filterMax, PM_REMOVE))

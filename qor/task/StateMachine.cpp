@@ -49,7 +49,6 @@ CStateMachine::CStateMachine(const CStateMachine &other)
       listener(other.listener.load()) {}
 
 CStateMachine &CStateMachine::operator=(const CStateMachine &other) {
-    using namespace qor::machine_detail;
     pool = other.pool;
     decisionEvent = other.decisionEvent;
     recoveryAction = other.recoveryAction.load();
@@ -63,7 +62,6 @@ CStateMachine &CStateMachine::operator=(const CStateMachine &other) {
 }
 
 CStateMachine::~CStateMachine() {
-    using namespace qor::machine_detail;
     CloseHandle(idleEvent);
     CloseHandle(decisionEvent);
 }
@@ -71,7 +69,6 @@ CStateMachine::~CStateMachine() {
 void CStateMachine::WaitUntilIdle() { qor::PumpUntilSignalled(idleEvent, true); }
 
 void CStateMachine::DestroyHeldTask() {
-    using namespace qor::machine_detail;
     delete lastBlockingTask.exchange(nullptr);
 }
 
