@@ -16,9 +16,11 @@ namespace qor {
 class XMLNodeData {
 public:
     XMLNodeData() = default;
-    XMLNodeData(const XMLNodeData &) = default;
+    // Copying, like destroying, walks the subtree without recursion, so any
+    // depth that could be read can be copied and freed.
+    XMLNodeData(const XMLNodeData &other);
     XMLNodeData(XMLNodeData &&) noexcept = default;
-    XMLNodeData &operator=(const XMLNodeData &) = default;
+    XMLNodeData &operator=(const XMLNodeData &other);
     XMLNodeData &operator=(XMLNodeData &&) noexcept = default;
     ~XMLNodeData();
 

@@ -6,11 +6,12 @@
 
 XMLParser::XMLParser() { name = "Unknown"; }
 
+// Written straight into `out`, whose capacity a caller writing record after
+// record keeps reusing.
 void XMLParser::FillBuffer(std::string &out, bool escapeAttributes, bool withHeader) {
-    std::string text;
-    if (withHeader) qor::xmlwrite::AppendHeader(text);
-    qor::xmlwrite::AppendNode(text, *this, escapeAttributes, 0, this);
-    out.swap(text);
+    out.clear();
+    if (withHeader) qor::xmlwrite::AppendHeader(out);
+    qor::xmlwrite::AppendNode(out, *this, escapeAttributes, 0, this);
 }
 
 std::string XMLParser::GetMD5Sum() {

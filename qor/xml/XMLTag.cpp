@@ -3,6 +3,9 @@
 // bare word is dropped only when nothing but the tag's end follows it.
 #include "qor/xml/XMLTag.h"
 
+#include <utility>
+#include <vector>
+
 #include "qor/xml/XMLParserException.h"
 #include "qor/xml/XMLText.h"
 
@@ -95,6 +98,31 @@ XMLNodeData::~XMLNodeData() {
     doomed.splice(doomed.end(), children);
     for (auto it = doomed.begin(); it != doomed.end(); ++it)
         doomed.splice(doomed.end(), it->children);
+}
+
+XMLNodeData::XMLNodeData(const XMLNodeData &other)
+    : name(other.name), text(other.text), attributes(other.attributes), closed(other.closed) {
+    // Each pending pair is a source node whose children still have to be
+    // copied below its already made copy.
+    std::vector<std::pair<const XMLNodeData *, XMLNodeData *>> pending;
+    pending.emplace_back(&other, this);
+    while (!pending.empty()) {
+        auto [from, to] = pending.back();
+        pending.pop_back();
+        for (const XMLNodeData &child : from->children) {
+            XMLNodeData &copy = to->children.emplace_back();
+            copy.name = child.name;
+            copy.text = child.text;
+            copy.attributes = child.attributes;
+            copy.closed = child.closed;
+            if (!child.children.empty()) pending.emplace_back(&child, &copy);
+        }
+    }
+}
+
+XMLNodeData &XMLNodeData::operator=(const XMLNodeData &other) {
+    if (this != &other) *this = XMLNodeData(other);
+    return *this;
 }
 
 void XMLNodeData::Clear() {

@@ -62,12 +62,10 @@ void XMLWriter::WriteToBuffer(std::string &out) {
         FillBuffer(out, false, true);
         return;
     }
-    std::string text;
     std::size_t placeholderAt = 0;
-    std::string sum = qor::xmlwrite::SumDocument(*this, text, placeholderAt);
+    std::string sum = qor::xmlwrite::SumDocument(*this, out, placeholderAt);
     attributes[MD5SUM_ATTRIBUTE] = sum;
-    text.replace(placeholderAt, sum.size(), sum);
-    out.swap(text);
+    out.replace(placeholderAt, sum.size(), sum);
 }
 
 namespace {

@@ -111,11 +111,15 @@ TEST(ReadFromBuffer, DeepNestingCostsNoStack) {
         XMLReader reader;
         EXPECT_EQ(Failure([&] { reader.ReadFromBuffer(document, true); }),
                   "4 XMLReader::ReadFromBuffer: Unable to read the file: EOF with open tags");
-        int levels = 0;
-        for (const qor::XMLNodeData *n = &reader; !n->children.empty(); n = &n->children.front())
-            ++levels;
-        EXPECT_EQ(levels, depth);
-    }  // and the tree goes without recursion
+        XMLReader copy = reader;
+        for (const XMLReader *tree : {&reader, &copy}) {
+            int levels = 0;
+            for (const qor::XMLNodeData *n = tree; !n->children.empty(); n = &n->children.front())
+                ++levels;
+            EXPECT_EQ(levels, depth);
+        }
+        copy = reader;
+    }  // and both trees go without recursion
 
     for (int i = 0; i < depth; ++i) document += "</n>";
     document += "</r>";
