@@ -3,29 +3,13 @@
 #include <cstring>
 
 #include "qor/platform/Waitable.h"
+#include "qor/task/LockGuards.h"
 
 namespace reg = qor::registry;
 
 namespace {
 
 const char *const kRegistryMutexName = "Qor Registry Mutex";
-
-// Holds the registry mutex for a scope. A null or broken handle makes the
-// wait fail at once, and the work then runs unserialised.
-class RegistryMutexHold {
-public:
-    explicit RegistryMutexHold(void *mutex)
-        : mutex(mutex), held(mutex && WaitForSingleObject(mutex, INFINITE) != WAIT_FAILED) {}
-    ~RegistryMutexHold() {
-        if (held) ReleaseMutex(mutex);
-    }
-    RegistryMutexHold(const RegistryMutexHold &) = delete;
-    RegistryMutexHold &operator=(const RegistryMutexHold &) = delete;
-
-private:
-    void *mutex;
-    bool held;
-};
 
 // A run of this many failures in a row while enumerating means the store
 // itself fails, not one item, and ends the enumeration.
@@ -68,7 +52,7 @@ HKEY CRegistry::SetKey(HKEY key) {
 // --- loading ---------------------------------------------------------------
 
 int CRegistry::LoadKey(void *mutex, const char *path, const char *name, CRegVal &value, HKEY root) {
-    RegistryMutexHold hold(mutex);
+    auto_mutex hold(mutex);
     DWORD type = 0;
     std::string bytes;
     if (reg::GetKeyValue(root, path, name, &type, &bytes) != reg::kSuccess) return 0;
@@ -105,7 +89,7 @@ int CRegistry::LoadKey(const char *path, const char *name, unsigned char *buffer
 
 int CRegistry::SaveKey(void *mutex, const char *path, const char *name, const CRegVal &value,
                        HKEY root) {
-    RegistryMutexHold hold(mutex);
+    auto_mutex hold(mutex);
     LONG result;
     if (!name) {
         // Only the key is wanted.
@@ -144,7 +128,7 @@ int CRegistry::SaveKey(const char *path, const char *name, unsigned char *const 
 // --- deleting --------------------------------------------------------------
 
 int CRegistry::DeleteKey(void *mutex, const char *path, const char *name, HKEY root) {
-    RegistryMutexHold hold(mutex);
+    auto_mutex hold(mutex);
     HKEY key = nullptr;
     if (name) {
         if (reg::OpenKey(root, path, reg::kReadWrite, &key) != reg::kSuccess) return 0;
@@ -180,7 +164,7 @@ int CRegistry::DeleteKey(const char *path, const char *name) const {
 
 int CRegistry::HasEntries(void *mutex, const char *path, unsigned long *subkeyCount,
                           unsigned long *valueCount, HKEY root) {
-    RegistryMutexHold hold(mutex);
+    auto_mutex hold(mutex);
     if (subkeyCount) *subkeyCount = 0;
     if (valueCount) *valueCount = 0;
     HKEY key = nullptr;
@@ -203,7 +187,7 @@ int CRegistry::HasEntries(const char *path, unsigned long *subkeyCount,
 
 long CRegistry::CopyKey(HKEY source, HKEY destination, const char *sourcePath,
                         const char *destinationPath) {
-    RegistryMutexHold hold(mutex);
+    auto_mutex hold(mutex);
     HKEY to = nullptr;
     LONG result = reg::CreateKey(destination, destinationPath, reg::kAllAccess, &to);
     if (result != reg::kSuccess) return result;
@@ -252,7 +236,7 @@ int CRegistry::RegistryTreeWalk(const char *path, unsigned int flags) {
 }
 
 int CRegistry::RegTreeWalk(const char *path, HKEY key, unsigned int flags, unsigned short depth) {
-    RegistryMutexHold hold(mutex);
+    auto_mutex hold(mutex);
     reg::KeyInfo info;
     if (reg::QueryInfoKey(key, &info) != reg::kSuccess) {
         reg::CloseKey(key);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <sstream>
 
+#include "qor/task/LockGuards.h"
 #include "qor/xml/XMLReader.h"
 
 namespace {
@@ -52,18 +53,6 @@ std::string XmlFormat(const char *format, int number) {
     return text;
 }
 
-// Holds a CCriticalSection for a scope.
-class XmlExportLock {
-public:
-    explicit XmlExportLock(CCriticalSection &section) : section(section) { section.Lock(); }
-    ~XmlExportLock() { section.Unlock(); }
-    XmlExportLock(const XmlExportLock &) = delete;
-    XmlExportLock &operator=(const XmlExportLock &) = delete;
-
-private:
-    CCriticalSection &section;
-};
-
 }  // namespace
 
 XMLRegistry::XMLRegistry(HKEY root) : CRegistry(root), writer(nullptr), nodes(nullptr) {}
@@ -99,7 +88,7 @@ XMLParser::XMLNode *XMLRegistry::ParentAt(unsigned short depth) {
 
 bool XMLRegistry::ExportXML(const char *keyPath, std::string &xml, const std::string &fileType,
                             const std::string &version, const std::string &extraInfo) {
-    XmlExportLock hold(lock);
+    auto_lock hold(lock);
     auto document = std::make_unique<XMLWriter>(fileType, version, true);
     std::map<unsigned short, XMLParser::XMLNode *> levels;
     writer = document.get();
