@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 
@@ -167,6 +168,35 @@ TEST(VersionInfo, FilesWithoutAResourceLeaveTheObjectEmpty) {
     EXPECT_EQ(info.Load("/nonexistent/qor.dll"), 0);
     EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
     EXPECT_EQ(info.GetCompanyName(), "Unknown");
+}
+
+TEST(VersionInfo, ResourceTreeWithoutVersionTypeGivesNothing) {
+    auto image = BuildPeImage(BuildVersionResource(TypicalVersionLayout()));
+    // The type directory sits at the start of the section (file offset 0x200):
+    // the icon entry, then RT_VERSION (16), which becomes RT_STRING (6).
+    ASSERT_EQ(image[0x200 + 24], 16);
+    image[0x200 + 24] = 6;
+    CVersionInfo info = LoadImage(image);
+    EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(info.GetTranslationCount(), 0);
+}
+
+// A real Windows program from a Debian package (cpio-win32): a PE file with
+// no resources at all, which must read as empty, whole or cut anywhere.
+TEST(VersionInfo, RealPeFileWithoutResources) {
+    const char *path = "/usr/share/win32/cpio.exe";
+    std::ifstream file(path, std::ios::binary);
+    if (!file) GTEST_SKIP() << path << " is not installed (package cpio-win32)";
+    std::vector<std::uint8_t> image((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    ASSERT_GT(image.size(), 2u);
+    EXPECT_EQ(image[0], 'M');
+    CVersionInfo info(path);
+    EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(info.GetCompanyName(), "Unknown");
+    for (std::size_t size = 0; size < image.size(); size += 97) {
+        CVersionInfo cut;
+        EXPECT_EQ(cut.LoadFromMemory(image.data(), size), 0) << size;
+    }
 }
 
 TEST(VersionInfo, RunningProgramIsNoPeFile) {
