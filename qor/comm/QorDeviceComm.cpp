@@ -58,6 +58,7 @@ void QorDeviceComm::connect(const std::string &host, unsigned int port) {
 }
 
 void QorDeviceComm::connect(QorDeviceConnection *link) {
+    if (link == connection) return;  // already ours: deleting it would leave it dangling
     delete connection;
     connection = link;
 }

@@ -50,13 +50,9 @@ bool ReadPart(CSuperSocket &socket, EthernetFrameAssembler &frame, ConnectionTim
         const unsigned int got =
             socket.Receive(frame.Space(), static_cast<unsigned int>(frame.Wanted()));
         frame.Commit(got);
-        if (done()) break;
-        if (got == 0 && !socket.WaitForData(timer.Remaining())) {
-            if (socket.IsShuttingDown() || !socket.IsConnected()) return false;
-            if (timer.Expired()) return false;
-            // Readable but empty: the peer ended the stream mid-message.
-            return false;
-        }
+        // Nothing there: wait for more. A timeout, the end of the stream or
+        // the socket going away all mean this frame will not complete.
+        if (!done() && got == 0 && !socket.WaitForData(timer.Remaining())) return false;
     }
     return done();
 }

@@ -9,6 +9,7 @@
 
 #include "CommTestSupport.h"
 #include "qor/comm/QorDeviceComm.h"
+#include "qor/comm/QorEthernetConnection.h"
 
 namespace devicecomm_test {
 
@@ -329,6 +330,30 @@ TEST(DeviceComm, ConnectFailureLeavesNoConnection) {
         }
         EXPECT_FALSE(comm.isConnected());
         EXPECT_THROW(comm.sendCommand(0x20, Bytes{}, false, nullptr), QorDeviceCommException);
+    }
+    EXPECT_TRUE(resources.Clean()) << resources.Report();
+}
+
+TEST(DeviceComm, TakesALinkItIsGivenAndSurvivesAFailedSerialOpen) {
+    ResourceCheck resources;
+    {
+        Instrument instrument(Echo);
+        QorDeviceComm comm;
+        auto *link = new QorEthernetConnection("127.0.0.1", instrument.Port(), &comm);
+        comm.connect(link);
+        comm.connect(link);  // the same link again: kept, not destroyed
+        Bytes data = {4, 2};
+        ASSERT_TRUE(comm.sendCommand(0x22, data, 2000, false, nullptr));
+        EXPECT_EQ(data, (Bytes{4, 2}));
+        EXPECT_EQ(link->lastMessages[0x22], (Bytes{4, 2}));
+        // A serial port that does not exist: the old link is gone, no new one.
+        try {
+            comm.connect(9999, 9600, 8, 0, 0, 0);
+            ADD_FAILURE() << "opened a port that does not exist";
+        } catch (const QorDeviceCommException &e) {
+            EXPECT_EQ(e.message, "Failed to open the specified serial port");
+        }
+        EXPECT_FALSE(comm.isConnected());
     }
     EXPECT_TRUE(resources.Clean()) << resources.Report();
 }
