@@ -84,7 +84,21 @@ TEST(LANInfo, SubnetMasksRefusedOnCodesOneAndThree) {
     EXPECT_EQ(LANInfo::GetSubnetMasks(9), LANInfo::GetSubnetMasksIPH());
 }
 
+// A host with only a loopback interface has no adapter to list, which the
+// GetAdaptersInfo strategy reports by its exception; such a host skips the
+// tests that need one.
+bool HostHasAdapters() {
+    try {
+        LANInfo::GetLocalAdapterNamesIPH();
+        return true;
+    } catch (const LANInfoException &e) {
+        EXPECT_EQ(e.message, "No Ethernet adapters found on the local computer");
+        return false;
+    }
+}
+
 TEST(LANInfo, ChoiceTablePicksTheStrategy) {
+    if (!HostHasAdapters()) GTEST_SKIP() << "no network adapter besides loopback";
     // Each strategy reads the same host its own way, so the choice shows in
     // which one it equals, and all agree on what they list.
     const auto iph = LANInfo::GetLocalAdapterNamesIPH();
@@ -97,6 +111,7 @@ TEST(LANInfo, ChoiceTablePicksTheStrategy) {
 }
 
 TEST(LANInfo, LoopbackAndZeroAddressesAreNeverListed) {
+    if (!HostHasAdapters()) GTEST_SKIP() << "no network adapter besides loopback";
     for (const auto &adapters : {LANInfo::GetLocalAdapterNamesIPH(), LANInfo::GetLocalAdapterNamesIPH2(),
                                  LANInfo::GetLocalAdapterNamesWSC()}) {
         for (const auto &[name, ip] : adapters) {
@@ -124,6 +139,7 @@ TEST(LANInfo, SubnetMasksBelongToListedAdapters) {
 }
 
 TEST(LANInfo, OwnAddressesAnswerWithTheirAdaptersMac) {
+    if (!HostHasAdapters()) GTEST_SKIP() << "no network adapter besides loopback";
     for (const auto &[name, ip] : LANInfo::GetLocalAdapterNamesIPH()) {
         std::ifstream file("/sys/class/net/" + name + "/address");
         std::string sysfs;
