@@ -33,9 +33,12 @@ void XMLReader::ReadFromBuffer(const std::string &buffer, bool noHeader) {
     std::string work;
     std::string_view text = buffer;
     if (MayHoldDiscardable(buffer)) {
-        work = buffer;
-        qor::xmlscan::DiscardSpans(work, "<!--", "-->");
-        qor::xmlscan::DiscardSpans(work, "<!DOCTYPE", ">");
+        qor::xmlscan::DiscardSpansInto(buffer, work, "<!--", "-->");
+        if (qor::xmlscan::FindTag(work, "<!DOCTYPE", 0) != std::string::npos) {
+            std::string withoutDoctype;
+            qor::xmlscan::DiscardSpansInto(work, withoutDoctype, "<!DOCTYPE", ">");
+            work.swap(withoutDoctype);
+        }
         text = work;
     }
     qor::xmlscan::TagScanner scanner(text);

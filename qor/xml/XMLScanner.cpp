@@ -17,6 +17,8 @@ std::size_t FindByte(std::string_view s, char c, std::size_t from, std::size_t t
     return hit ? static_cast<const char *>(hit) - s.data() : npos;
 }
 
+}  // namespace
+
 // First occurrence of `needle` at or after `from`. The tags searched for all
 // begin with '<', which every element has; their second byte ('!') is rare,
 // so that is the byte to scan for.
@@ -32,16 +34,23 @@ std::size_t FindTag(std::string_view s, std::string_view needle, std::size_t fro
     return npos;
 }
 
-}  // namespace
+namespace {
 
-// The buffer is kept as s[0, kept) followed by s[unread, n): what an erasing
+[[noreturn]] void ThrowUnclosed(std::string_view near) {
+    throw XMLParserException(
+        4, "XMLParser::Discard",
+        "Unable to discard the file: EOF while searching for end of comment near \r\n\"" +
+            std::string(near) + "\"");
+}
+
+// The in-place walk, for the rare buffer where an erase joins text into a
+// new startTag. The buffer is kept as s[0, kept) followed by s[unread, n): what an erasing
 // implementation would hold at the same moment, with a gap between. The
 // kept part never holds a startTag, since each search goes to the first one.
 // After an erase the last startTag.size() - 1 kept bytes may join with what
 // follows into a new startTag, so they go back in front of the unread part
 // and the next search covers them.
-void DiscardSpans(std::string &s, std::string_view startTag, std::string_view endTag) {
-    if (startTag.empty() || endTag.empty()) return;
+void DiscardInPlace(std::string &s, std::string_view startTag, std::string_view endTag) {
     std::size_t kept = 0;
     std::size_t unread = 0;
     auto closeGap = [&] { s.erase(kept, unread - kept); };
@@ -63,10 +72,7 @@ void DiscardSpans(std::string &s, std::string_view startTag, std::string_view en
             std::string near =
                 s.substr(start, nextStart == npos ? npos : nextStart - start);
             closeGap();
-            throw XMLParserException(
-                4, "XMLParser::Discard",
-                "Unable to discard the file: EOF while searching for end of comment near \r\n\"" +
-                    near + "\"");
+            ThrowUnclosed(near);
         }
         std::memmove(s.data() + kept, s.data() + unread, start - unread);
         kept += start - unread;
@@ -77,6 +83,70 @@ void DiscardSpans(std::string &s, std::string_view startTag, std::string_view en
         unread -= back;
     }
     closeGap();
+}
+
+}  // namespace
+
+// Like DiscardInPlace, but reading from `in` and appending what is kept to
+// `out`, so that the common buffer costs one pass and no copy of its own.
+// `out` holds no startTag; only its last startTag.size() - 1 bytes could
+// join with what follows into one, and when they do, the whole buffer goes
+// through the in-place walk (once, so still in linear time).
+void DiscardSpansInto(std::string_view in, std::string &out, std::string_view startTag,
+                      std::string_view endTag) {
+    out.clear();
+    if (startTag.empty() || endTag.empty()) {
+        out.assign(in);
+        return;
+    }
+    out.reserve(in.size());
+    std::size_t read = 0;
+    for (;;) {
+        std::size_t tail = std::min(startTag.size() - 1, out.size());
+        if (tail > 0 && read < in.size()) {
+            std::string window = out.substr(out.size() - tail);
+            window.append(in.substr(read, startTag.size() - 1));
+            std::size_t joined = window.find(startTag);
+            if (joined != npos && joined < tail) {
+                // Later erases may join further back, so the in-place walk
+                // gets everything kept so far as well.
+                out.append(in.substr(read));
+                DiscardInPlace(out, startTag, endTag);
+                return;
+            }
+        }
+        std::size_t start = FindTag(in, startTag, read);
+        if (start == npos) break;
+        std::size_t end = in.find(endTag, start);
+        std::size_t nextStart = npos;
+        if (end == npos) {
+            nextStart = FindTag(in, startTag, start + 1);
+        } else {
+            std::size_t limit = std::min(in.size(), end + startTag.size() - 1);
+            std::size_t at = FindTag(in.substr(start + 1, limit - (start + 1)), startTag, 0);
+            if (at != npos) nextStart = start + 1 + at;
+        }
+        if (end == npos || nextStart != npos) {
+            std::string_view near = in.substr(start, nextStart == npos ? npos : nextStart - start);
+            std::string message(near);
+            out.append(in.substr(read));
+            ThrowUnclosed(message);
+        }
+        out.append(in.substr(read, start - read));
+        read = end + endTag.size();
+    }
+    out.append(in.substr(read));
+}
+
+void DiscardSpans(std::string &buffer, std::string_view startTag, std::string_view endTag) {
+    std::string kept;
+    try {
+        DiscardSpansInto(buffer, kept, startTag, endTag);
+    } catch (...) {
+        buffer.swap(kept);
+        throw;
+    }
+    buffer.swap(kept);
 }
 
 std::string_view TagScanner::Next(XMLNodeData *textOwner) {

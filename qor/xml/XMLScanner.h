@@ -13,11 +13,20 @@
 
 namespace qor::xmlscan {
 
+// First occurrence of needle (which begins with '<' and a rarer byte) at or
+// after from, or npos.
+std::size_t FindTag(std::string_view s, std::string_view needle, std::size_t from);
+
 // Removes every startTag .. endTag span, the way repeated "find the first
 // startTag, find its endTag, erase, start over" would. Throws code 4
 // ("XMLParser::Discard") when a span has no endTag before the next
 // startTag; the buffer then holds what the erasing version would hold.
 void DiscardSpans(std::string &buffer, std::string_view startTag, std::string_view endTag);
+
+// The same, reading `in` and leaving the result in `out` (which must not be
+// `in`'s storage). On a throw `out` holds what the buffer would hold.
+void DiscardSpansInto(std::string_view in, std::string &out, std::string_view startTag,
+                      std::string_view endTag);
 
 // Walks tags from the front of a text.
 class TagScanner {

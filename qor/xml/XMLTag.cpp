@@ -3,6 +3,7 @@
 // bare word is dropped only when nothing but the tag's end follows it.
 #include "qor/xml/XMLTag.h"
 
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -57,12 +58,19 @@ void ReadAttributes(std::string_view tag, std::size_t rest, XMLNodeData &node) {
         std::string_view raw = tag.substr(quote + 1, closeQuote - quote - 1);
         // Documents written by this library list keys in map order, so the
         // end is the usual place of a new key.
-        // emplace_hint keeps an existing value; a repeated key must replace it.
+        // Most values hold no entity and are stored as they stand. emplace_hint
+        // keeps an existing value; a repeated key must replace it.
+        const bool plain = std::memchr(raw.data(), '&', raw.size()) == nullptr;
         const std::size_t before = attributes.size();
-        std::string &value = attributes.emplace_hint(attributes.end(), key, std::string())->second;
-        if (attributes.size() == before) value.clear();
-        if (raw.size() > 15) value.reserve(raw.size());
-        qor::xmltext::AppendUnescaped(value, raw);
+        auto slot = plain ? attributes.emplace_hint(attributes.end(), key, raw)
+                          : attributes.emplace_hint(attributes.end(), key, std::string());
+        std::string &value = slot->second;
+        if (plain) {
+            if (attributes.size() == before) value.assign(raw);
+        } else {
+            value.clear();
+            qor::xmltext::AppendUnescaped(value, raw);
+        }
         rest = closeQuote + 1;
     }
     node.closed = tag.size() >= 2 && tag.substr(tag.size() - 2) == "/>";
