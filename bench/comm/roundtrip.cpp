@@ -142,7 +142,7 @@ public:
     void ReportRuns(const std::vector<Run> &runs) override {
         for (const Run &run : runs)
             if (!run.error_occurred && run.run_type == Run::RT_Iteration)
-                microseconds[run.benchmark_name()] = run.GetAdjustedRealTime();
+                microseconds[run.run_name.function_name] = run.GetAdjustedRealTime();
         ConsoleReporter::ReportRuns(runs);
     }
     std::map<std::string, double> microseconds;
