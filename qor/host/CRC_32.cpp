@@ -56,7 +56,7 @@ private:
 
 // One CRC job: the thread that runs it owns it and frees it.
 struct CRC_32::Job {
-    const CRC_32 *owner = nullptr;
+    const CRC_32 *owner = nullptr;  // who started it; never used once it runs
     std::string path;            // empty for a buffer job
     qor::crcdetail::CrcJobBuffer data;           // private copy of a buffer job's bytes
     qor::ProgressTarget *progress = nullptr;
@@ -101,9 +101,17 @@ void CRC_32::CalculateByTable(const BYTE *buffer, std::size_t size, unsigned lon
     for (std::size_t i = 0; i < size; ++i) crc = (crc >> 8) ^ table_[(crc & 0xFF) ^ buffer[i]];
 }
 
-void CRC_32::Calculate(const BYTE *buffer, std::size_t size, unsigned long &crc) const {
-    // zlib keeps the CRC in its finished (complemented) form between calls.
+namespace {
+
+// zlib keeps the CRC in its finished (complemented) form between calls.
+void UpdateCrcRegister(const BYTE *buffer, std::size_t size, unsigned long &crc) {
     crc = ~crc32_z(~crc & 0xFFFFFFFFUL, buffer, size) & 0xFFFFFFFFUL;
+}
+
+}  // namespace
+
+void CRC_32::Calculate(const BYTE *buffer, std::size_t size, unsigned long &crc) const {
+    UpdateCrcRegister(buffer, size, crc);
 }
 
 unsigned long CRC_32::CalcCRC(const std::string &text) {
@@ -179,7 +187,7 @@ DWORD CRC_32::RunJob(Job *raw) {
         const std::size_t total = job->data.size();
         for (std::size_t done = 0; done < total;) {
             std::size_t block = std::min(kBlockSize, total - done);
-            job->owner->Calculate(job->data.data() + done, block, crc);
+            UpdateCrcRegister(job->data.data() + done, block, crc);
             done += block;
             PostIfLive(progress, kSetPosition, static_cast<std::uintptr_t>(done * 100 / total), 0);
         }
@@ -195,7 +203,7 @@ DWORD CRC_32::RunJob(Job *raw) {
             long long done = 0;
             for (;;) {
                 std::size_t got = std::fread(block.data(), 1, block.size(), file);
-                job->owner->Calculate(block.data(), got, crc);
+                UpdateCrcRegister(block.data(), got, crc);
                 done += static_cast<long long>(got);
                 if (total > 0)
                     PostIfLive(progress, kSetPosition,

@@ -10,7 +10,8 @@
 //   44465 (thread handle, crc)  when done; the message the original sent to
 //                               the bar's parent window, here to the target
 // The target is asked IsLive() before every post; once it says false no more
-// messages come. The target must outlive the thread (wait on the handle).
+// messages come. The target must outlive the thread (wait on the handle); the
+// CRC_32 object need not, as the job keeps all it needs.
 // Without a live target the CRC is computed on the calling thread and returned.
 // Failure, a null or empty buffer, a missing file or a folder give 0.
 #pragma once

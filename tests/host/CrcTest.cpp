@@ -201,6 +201,18 @@ TEST(Crc32, TargetThatGoesAwayGetsNoMorePosts) {
     EXPECT_EQ(exitCode, static_cast<DWORD>(crc.CalcCRC(bytes.data(), static_cast<unsigned>(bytes.size()), nullptr)));
 }
 
+TEST(Crc32, JobOutlivesTheObjectThatStartedIt) {
+    auto bytes = RandomBytes(4 * CRC_32::kBlockSize, 13);
+    const unsigned long expected = CRC_32().CalcCRC(bytes.data(), static_cast<unsigned>(bytes.size()), nullptr);
+    RecordingTarget target;
+    unsigned long result = 0;
+    {
+        CRC_32 crc;
+        result = crc.CalcCRC(bytes.data(), static_cast<unsigned>(bytes.size()), &target);
+    }
+    EXPECT_EQ(CheckThreadedJob(result, target, bytes.size()), expected);
+}
+
 TEST(Crc32, ManyJobsAtOnceShareNothing) {
     CRC_32 crc;
     std::vector<std::vector<unsigned char>> buffers;
