@@ -91,12 +91,13 @@ struct RegistryCall {
     std::string fileType = "Registry";
     std::string entryName;
     std::string type;
+    std::string store;
     bool recursive = false;
 };
 
 // Reads the options; returns an empty string or the complaint.
 std::string ParseOptions(const std::vector<std::string> &args, RegistryCall *call) {
-    std::string store;
+    std::string &store = call->store;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string &word = args[i];
         auto value = [&](std::string *out) {
@@ -132,11 +133,11 @@ std::string ParseOptions(const std::vector<std::string> &args, RegistryCall *cal
 std::string KeyPath(const std::string &key, RegistryCall *call) {
     const std::size_t cut = key.find('\\');
     HKEY hive = nullptr;
-    if (qor::RegistryHiveFromName(key.substr(0, cut), &hive)) {
-        call->hive = hive;
-        return cut == std::string::npos ? std::string() : key.substr(cut + 1);
-    }
-    return key;
+    if (!qor::RegistryHiveFromName(key.substr(0, cut), &hive)) return key;
+    call->hive = hive;
+    // --store names the file of the hive the key is in.
+    if (!call->store.empty()) qor::SetRegistryHiveFile(hive, call->store);
+    return cut == std::string::npos ? std::string() : key.substr(cut + 1);
 }
 
 int Failure(const std::string &message) {

@@ -1,0 +1,98 @@
+// qor registry, run as a user would: write, list, export, import, delete.
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "SettingsTestSupport.h"
+
+namespace {
+
+using settings_test::TempHives;
+
+struct Ran {
+    int status;
+    std::string out;
+};
+
+class RegistryCommandTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (program.empty() || !std::filesystem::exists(program)) GTEST_SKIP() << "the qor command line is not built";
+    }
+    // Runs `qor registry ARGS --store STORE`; ARGS are quoted for the shell by the caller.
+    Ran Run(const std::string &args) {
+        const std::string command =
+            program + " registry " + args + " --store '" + store + "' 2>&1";
+        Ran ran{-1, {}};
+        FILE *pipe = popen(command.c_str(), "r");
+        if (!pipe) return ran;
+        char buffer[4096];
+        std::size_t got;
+        while ((got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) ran.out.append(buffer, got);
+        const int status = pclose(pipe);
+        ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return ran;
+    }
+
+#ifdef QOR_TOOL
+    const std::string program = QOR_TOOL;
+#else
+    const std::string program;
+#endif
+    TempHives hives;
+    const std::string store = hives.Folder() + "/cli.db";
+};
+
+TEST_F(RegistryCommandTest, WritesListsExportsImportsAndDeletes) {
+    EXPECT_EQ(Run(R"(set 'Lab\Arm' Name "arm one")").status, 0);
+    EXPECT_EQ(Run(R"(set 'Lab\Arm' Speed 0xFFFFFFFF --type REG_DWORD)").status, 0);
+    EXPECT_EQ(Run(R"(set 'Lab\Arm' Ports COM1 COM2 --type 7)").status, 0);
+    EXPECT_EQ(Run(R"(set 'Lab\Arm\Gripper' Force 12 --type 4)").status, 0);
+
+    Ran got = Run(R"(get 'Lab\Arm' Ports)");
+    EXPECT_EQ(got.status, 0);
+    EXPECT_EQ(got.out, "COM1\nCOM2\n");
+    EXPECT_EQ(Run(R"(get 'Lab\Arm' Speed)").out, "4294967295\n");
+
+    Ran listed = Run(R"(ls 'Lab\Arm')");
+    EXPECT_EQ(listed.status, 0);
+    EXPECT_NE(listed.out.find("Gripper\\\n"), std::string::npos) << listed.out;
+    EXPECT_NE(listed.out.find("REG_MULTI_SZ"), std::string::npos) << listed.out;
+
+    const std::string document = hives.Folder() + "/arm.xml";
+    EXPECT_EQ(Run(R"(export 'Lab\Arm' > ')" + document + "'").status, 0);
+    EXPECT_EQ(Run("import '" + document + R"(' Copies --name Arm2)").status, 0);
+    Ran copied = Run(R"(get 'Copies\Arm2\Gripper' Force)");
+    EXPECT_EQ(copied.out, "12\n");
+
+    EXPECT_EQ(Run("rm Copies").status, 0);
+    Ran gone = Run("ls Copies");
+    EXPECT_EQ(gone.status, 1);
+    EXPECT_EQ(gone.out, "qor registry: no key Copies\n");
+}
+
+TEST_F(RegistryCommandTest, FailuresPrintTheSystemsWordsAndExitNonZero) {
+    const std::string document = hives.Folder() + "/other.xml";
+    std::FILE *file = std::fopen(document.c_str(), "w");
+    std::fputs("<?xml version='1.0' ?><Brindlemar file='Other' extrainfo='E'><values /></Brindlemar>", file);
+    std::fclose(file);
+    Ran wrongType = Run("import '" + document + "' X");
+    EXPECT_EQ(wrongType.status, 1);
+    EXPECT_EQ(wrongType.out, "qor registry: The file type is incorrect.\n");
+
+    // A hive named in the key takes the store too.
+    EXPECT_EQ(Run(R"(set 'HKLM\Lab' Where machine)").status, 0);
+    EXPECT_EQ(Run(R"(get 'HKEY_LOCAL_MACHINE\Lab' Where --hive HKCU)").out, "machine\n");
+
+    Ran missing = Run(R"(get 'No\Such' Key)");
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(Run("set K N notanumber --type 4").status, 2);
+    EXPECT_EQ(Run("frobnicate").status, 2);
+    Ran help = Run("ls --help");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("usage: qor registry ls KEY"), std::string::npos);
+}
+
+}  // namespace
