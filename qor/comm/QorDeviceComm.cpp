@@ -96,10 +96,12 @@ bool QorDeviceComm::sendCommand(unsigned char command, const std::vector<unsigne
                                 int *reconnects, bool (*keepWaiting)(int, void *),
                                 void *callbackArgument) {
     using qor::device_comm::kLookIntervalMs;
-    HANDLE waker = CreateEvent(nullptr, FALSE, FALSE, nullptr);
+    HANDLE waker = nullptr;
     {
         SectionGuard guard(replyLock);
         sendCommand(command, data, longFrame, reconnects);
+        // Made only once the send went out: a link failure leaves nothing behind.
+        waker = CreateEvent(nullptr, FALSE, FALSE, nullptr);
         reply.clear();
         for (unsigned char expected : replyCommands) pendingReplies.emplace(expected, &reply);
         if (waker != nullptr) replyWakers.emplace(&reply, waker);
