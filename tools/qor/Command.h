@@ -7,7 +7,7 @@
 
 namespace qor::cli {
 
-// Runs a verb with the words after it (argv[0] is the verb itself). Returns
+// Runs a verb with the words after it (the verb itself is not among them). Returns
 // the process's exit code.
 using VerbHandler = int (*)(const std::vector<std::string> &args);
 
