@@ -17,3 +17,8 @@ if [ -x "$BUILD/tools/qor-demo" ]; then
 fi
 echo "=== Documents of the XML dialect"
 BUILD="$BUILD" sh "$here/xml/demo.sh"
+
+echo
+echo "=== A hook record read back from its document"
+"$BUILD/tools/qor" xml check "$here/records/protocol-paused.xml"
+"$BUILD/tools/qor" record show "$here/records/protocol-paused.xml"

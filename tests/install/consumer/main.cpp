@@ -1,13 +1,23 @@
 // A client of the installed library: it must compile and link against the
-// installed headers and libraries alone.
+// installed headers and libraries alone, and a record must make the round
+// trip through its document.
+#include "qor/marshal.h"
 #include "qor/platform.h"
+#include "qor/records/hooks.h"
+#include "qor/xml.h"
 
 #include <cstdio>
 
 int main() {
     HANDLE event = CreateEvent(nullptr, TRUE, TRUE, nullptr);
-    DWORD result = WaitForSingleObject(event, 0);
+    DWORD waited = WaitForSingleObject(event, 0);
     CloseHandle(event);
-    std::printf("client: wait returned %u\n", result);
-    return result == WAIT_OBJECT_0 ? 0 : 1;
+
+    HooksPluginXMLMarshaller::ProtocolPaused paused;
+    paused.Path = "plate & lid";
+    paused.PauseType = 3;
+    HooksPluginXMLMarshaller::ProtocolPaused back(paused.ToXMLString());
+
+    std::printf("client: wait %u, record %s/%d\n", waited, back.Path.c_str(), back.PauseType);
+    return waited == WAIT_OBJECT_0 && back.Path == paused.Path && back.PauseType == 3 ? 0 : 1;
 }
