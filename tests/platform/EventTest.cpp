@@ -4,28 +4,25 @@
 #include <atomic>
 #include <vector>
 
-#include "qor/platform.h"
+#include "ThreadHelpers.h"
 
 namespace {
 
-// Starts `count` threads that each wait once on `event` and count successes;
-// returns their handles.
-std::vector<HANDLE> StartWaiters(HANDLE event, int count, std::atomic<int> &woken) {
+using threadtest::JoinThreads;
+using threadtest::RunOnOtherThread;
+
+// Starts `count` threads that each wait once on `event`, count successes and
+// then signal `ack` if given; returns their handles.
+std::vector<HANDLE> StartWaiters(HANDLE event, int count, std::atomic<int> &woken, HANDLE ack = nullptr) {
     std::vector<HANDLE> threads;
     for (int i = 0; i < count; ++i) {
-        threads.push_back(qor::BeginThread([event, &woken]() -> DWORD {
+        threads.push_back(qor::BeginThread([event, ack, &woken]() -> DWORD {
             if (WaitForSingleObject(event, INFINITE) == WAIT_OBJECT_0) ++woken;
+            if (ack) SetEvent(ack);
             return 0;
         }));
     }
     return threads;
-}
-
-void JoinAll(const std::vector<HANDLE> &threads) {
-    for (HANDLE thread : threads) {
-        ASSERT_EQ(WaitForSingleObject(thread, INFINITE), WAIT_OBJECT_0);
-        CloseHandle(thread);
-    }
 }
 
 TEST(Event, ManualResetReleasesEveryWaiterAndStaysSignalled) {
@@ -33,7 +30,7 @@ TEST(Event, ManualResetReleasesEveryWaiterAndStaysSignalled) {
     std::atomic<int> woken{0};
     auto threads = StartWaiters(event, 4, woken);
     SetEvent(event);
-    JoinAll(threads);
+    JoinThreads(threads);
     EXPECT_EQ(woken, 4);
     EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
     ResetEvent(event);
@@ -45,30 +42,15 @@ TEST(Event, AutoResetGivesEachSignalToOneWaiter) {
     HANDLE event = CreateEvent(nullptr, FALSE, FALSE, nullptr);
     HANDLE ack = CreateEvent(nullptr, FALSE, FALSE, nullptr);
     std::atomic<int> woken{0};
-    std::vector<HANDLE> threads;
-    for (int i = 0; i < 3; ++i) {
-        threads.push_back(qor::BeginThread([&]() -> DWORD {
-            WaitForSingleObject(event, INFINITE);
-            ++woken;
-            SetEvent(ack);
-            return 0;
-        }));
-    }
+    auto threads = StartWaiters(event, 3, woken, ack);
     for (int i = 1; i <= 3; ++i) {
         SetEvent(event);
         ASSERT_EQ(WaitForSingleObject(ack, INFINITE), WAIT_OBJECT_0);
         EXPECT_EQ(woken, i);
     }
-    JoinAll(threads);
+    JoinThreads(threads);
     EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_TIMEOUT);
     CloseHandle(ack);
-    CloseHandle(event);
-}
-
-TEST(Event, AutoResetSignalIsConsumedByTheWait) {
-    HANDLE event = CreateEvent(nullptr, FALSE, TRUE, nullptr);
-    EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
-    EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_TIMEOUT);
     CloseHandle(event);
 }
 
@@ -81,6 +63,10 @@ TEST(Event, WaitAnyReportsLowestSignalledIndexAndConsumesOnlyIt) {
     EXPECT_EQ(WaitForMultipleObjects(3, events, FALSE, 0), WAIT_OBJECT_0 + 1);
     EXPECT_EQ(WaitForMultipleObjects(3, events, FALSE, 0), WAIT_OBJECT_0 + 2);
     EXPECT_EQ(WaitForMultipleObjects(3, events, FALSE, 0), WAIT_TIMEOUT);
+    // A single wait consumes an auto-reset signal too.
+    SetEvent(events[0]);
+    EXPECT_EQ(WaitForSingleObject(events[0], 0), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(events[0], 0), WAIT_TIMEOUT);
     for (HANDLE event : events) CloseHandle(event);
 }
 
@@ -94,8 +80,7 @@ TEST(Event, WaitAllTakesEverythingOrNothing) {
     HANDLE setter = qor::BeginThread([&]() -> DWORD { return SetEvent(events[1]); });
     EXPECT_EQ(WaitForMultipleObjects(2, events, TRUE, INFINITE), WAIT_OBJECT_0);
     EXPECT_EQ(WaitForMultipleObjects(2, events, FALSE, 0), WAIT_TIMEOUT);
-    WaitForSingleObject(setter, INFINITE);
-    CloseHandle(setter);
+    JoinThreads({setter});
     for (HANDLE event : events) CloseHandle(event);
 }
 
@@ -123,12 +108,7 @@ TEST(CriticalSection, IsRecursiveAndExcludesOtherThreads) {
     section.Lock();
     section.Lock();
     BOOL otherGotIt = TRUE;
-    HANDLE other = qor::BeginThread([&]() -> DWORD {
-        otherGotIt = TryEnterCriticalSection(section);
-        return 0;
-    });
-    WaitForSingleObject(other, INFINITE);
-    CloseHandle(other);
+    RunOnOtherThread([&] { otherGotIt = TryEnterCriticalSection(section); });
     EXPECT_FALSE(otherGotIt);
     section.Unlock();
     section.Unlock();
@@ -136,22 +116,10 @@ TEST(CriticalSection, IsRecursiveAndExcludesOtherThreads) {
     section.Unlock();
 }
 
-TEST(Time, TickCountIsMonotonicMilliseconds) {
-    const ULONGLONG before = GetTickCount64();
-    Sleep(5);
-    const ULONGLONG after = GetTickCount64();
-    EXPECT_GE(after - before, 5u);
-}
-
 TEST(SystemError, LastErrorIsPerThreadAndTextsAreReadable) {
     SetLastError(42);
     DWORD seenThere = 1;
-    HANDLE other = qor::BeginThread([&]() -> DWORD {
-        seenThere = GetLastError();
-        return 0;
-    });
-    WaitForSingleObject(other, INFINITE);
-    CloseHandle(other);
+    RunOnOtherThread([&] { seenThere = GetLastError(); });
     EXPECT_EQ(seenThere, 0u);
     EXPECT_EQ(GetLastError(), 42u);
     EXPECT_EQ(qor::SystemErrorText(ECONNREFUSED), "Connection refused");

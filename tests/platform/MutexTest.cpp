@@ -3,29 +3,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <string>
-#include <vector>
 
-#include "qor/platform.h"
+#include "ThreadHelpers.h"
 
 namespace {
 
+using threadtest::OtherThreadCanTake;
+
 std::string UniqueName(const char *stem) {
     return std::string("Qor test ") + stem + " " + std::to_string(getpid());
-}
-
-// Whether another thread can take `mutex` without waiting.
-bool OtherThreadCanTake(HANDLE mutex) {
-    DWORD result = WAIT_FAILED;
-    HANDLE thread = qor::BeginThread([&]() -> DWORD {
-        result = WaitForSingleObject(mutex, 0);
-        if (result == WAIT_OBJECT_0) ReleaseMutex(mutex);
-        return 0;
-    });
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
-    return result == WAIT_OBJECT_0;
 }
 
 TEST(Mutex, IsRecursiveForItsOwnerAndReleasedOnlyByIt) {
@@ -44,21 +31,13 @@ TEST(Mutex, IsRecursiveForItsOwnerAndReleasedOnlyByIt) {
 TEST(Mutex, SerialisesManyThreads) {
     HANDLE mutex = CreateMutex(nullptr, FALSE, nullptr);
     int counter = 0;  // guarded only by the mutex: ThreadSanitizer checks that
-    std::vector<HANDLE> threads;
-    for (int t = 0; t < 4; ++t) {
-        threads.push_back(qor::BeginThread([&]() -> DWORD {
-            for (int i = 0; i < 500; ++i) {
-                WaitForSingleObject(mutex, INFINITE);
-                ++counter;
-                ReleaseMutex(mutex);
-            }
-            return 0;
-        }));
-    }
-    for (HANDLE thread : threads) {
-        WaitForSingleObject(thread, INFINITE);
-        CloseHandle(thread);
-    }
+    threadtest::RunOnThreads(4, [&] {
+        for (int i = 0; i < 500; ++i) {
+            WaitForSingleObject(mutex, INFINITE);
+            ++counter;
+            ReleaseMutex(mutex);
+        }
+    });
     EXPECT_EQ(counter, 2000);
     CloseHandle(mutex);
 }

@@ -2,26 +2,16 @@
 // person's Retry, Ignore or Abort.
 #include <gtest/gtest.h>
 
+#include "../platform/ThreadHelpers.h"
 #include "TaskFixtures.h"
 
 namespace tasktest {
 namespace {
 
-using Entries = std::vector<std::string>;
-
-class BlockingRun : public ::testing::Test {
+class BlockingRun : public MachineFixture {
 protected:
-    BlockingRun() { machine.SetListener(&listener); }
+    BlockingRun() : MachineFixture("Home") {}
     ~BlockingRun() override { EXPECT_EQ(lifetimes.made, lifetimes.destroyed); }
-    ScriptedTask *NewTask(int steps, const char *name = "Home") {
-        auto *task = new ScriptedTask(journal, lifetimes, steps);
-        task->SetOperationName(name);
-        return task;
-    }
-    Journal journal;
-    Lifetimes lifetimes;
-    TestMachine machine{journal};
-    TestListener listener{journal};
 };
 
 TEST_F(BlockingRun, RunsEveryStateAndReportsCompletion) {
@@ -89,12 +79,7 @@ TEST_F(BlockingRun, AbortFromAnotherThreadEndsTheHeldTask) {
     task->failures[0] = 1;
     ASSERT_EQ(machine.LaunchTask(task, true, true), qor::kTaskFailed);
     long result = -1;
-    HANDLE other = qor::BeginThread([&]() -> DWORD {
-        result = machine.Abort();
-        return 0;
-    });
-    WaitForSingleObject(other, INFINITE);
-    CloseHandle(other);
+    threadtest::RunOnOtherThread([&] { result = machine.Abort(); });
     EXPECT_EQ(result, qor::kTaskSucceeded);
     const Entries all = journal.Entries();
     EXPECT_EQ(Entries(all.end() - 5, all.end()),

@@ -1,6 +1,7 @@
 // The scope guards and the pumping sleeps.
 #include <gtest/gtest.h>
 
+#include "../platform/ThreadHelpers.h"
 #include "TaskFixtures.h"
 
 namespace tasktest {
@@ -9,13 +10,10 @@ namespace {
 // Whether another thread could enter `section` right now.
 bool OtherThreadCanEnter(CRITICAL_SECTION &section) {
     BOOL entered = FALSE;
-    HANDLE thread = qor::BeginThread([&]() -> DWORD {
+    threadtest::RunOnOtherThread([&] {
         entered = TryEnterCriticalSection(&section);
         if (entered) LeaveCriticalSection(&section);
-        return 0;
     });
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
     return entered != FALSE;
 }
 
@@ -43,22 +41,11 @@ TEST(LockGuards, SectionGuardsHoldForTheirScope) {
 
 TEST(LockGuards, AutoMutexOwnsTheMutexForItsScope) {
     HANDLE mutex = CreateMutex(nullptr, FALSE, nullptr);
-    auto takenElsewhere = [mutex] {
-        DWORD result = WAIT_FAILED;
-        HANDLE thread = qor::BeginThread([&]() -> DWORD {
-            result = WaitForSingleObject(mutex, 0);
-            if (result == WAIT_OBJECT_0) ReleaseMutex(mutex);
-            return 0;
-        });
-        WaitForSingleObject(thread, INFINITE);
-        CloseHandle(thread);
-        return result == WAIT_OBJECT_0;
-    };
     {
         auto_mutex hold(mutex);
-        EXPECT_FALSE(takenElsewhere());
+        EXPECT_FALSE(threadtest::OtherThreadCanTake(mutex));
     }
-    EXPECT_TRUE(takenElsewhere());
+    EXPECT_TRUE(threadtest::OtherThreadCanTake(mutex));
     CloseHandle(mutex);
 }
 

@@ -7,19 +7,19 @@
 namespace tasktest {
 namespace {
 
-using Entries = std::vector<std::string>;
-
-class NonBlockingRun : public ::testing::Test {
+class NonBlockingRun : public MachineFixture {
 protected:
-    NonBlockingRun() { machine.SetListener(&listener); }
+    NonBlockingRun() : MachineFixture("Cycle") {}
     ~NonBlockingRun() override {
         // The pool thread destroys its task after the last callback.
         journal.WaitFor("destroyed", lifetimes.made);
         EXPECT_EQ(lifetimes.made, lifetimes.destroyed);
     }
-    ScriptedTask *NewTask(int steps, const char *name = "Cycle") {
-        auto *task = new ScriptedTask(journal, lifetimes, steps);
-        task->SetOperationName(name);
+    // Launches `task` with its first step held at `gate`; returns once that step runs.
+    ScriptedTask *LaunchAtGate(ScriptedTask *task) {
+        task->gates[0] = gate.handle;
+        machine.LaunchTask(task, false, true);
+        journal.WaitFor("step 0");
         return task;
     }
     // Entries from the first `from` on.
@@ -29,10 +29,7 @@ protected:
             if (all[i] == from) return Entries(all.begin() + i, all.end());
         return {};
     }
-    Journal journal;
-    Lifetimes lifetimes;
-    TestMachine machine{journal};
-    TestListener listener{journal};
+    Gate gate;
 };
 
 TEST_F(NonBlockingRun, CompletesOnThePoolThread) {
@@ -97,12 +94,9 @@ TEST_F(NonBlockingRun, AbortOfAWaitingTaskEndsItAsAborted) {
 }
 
 TEST_F(NonBlockingRun, AbortWhileAStateRunsIsNoFailure) {
-    Gate gate;
     ScriptedTask *task = NewTask(2);
-    task->gates[0] = gate.handle;
     task->failures[0] = 1;
-    machine.LaunchTask(task, false, true);
-    journal.WaitFor("step 0");
+    LaunchAtGate(task);
     EXPECT_EQ(machine.Abort(), qor::kTaskSucceeded);
     gate.Open();
     journal.WaitFor("destroyed");
@@ -121,13 +115,10 @@ TEST_F(NonBlockingRun, AbortWhileAStateRunsIsNoFailure) {
 }
 
 TEST_F(NonBlockingRun, PausedRunWaitsBetweenStatesUntilResumed) {
-    Gate gate;
     ScriptedTask *task = NewTask(2);
-    task->gates[0] = gate.handle;
     HANDLE stepOneStarted = CreateEvent(nullptr, TRUE, FALSE, nullptr);
     task->hooks[1] = [&] { SetEvent(stepOneStarted); };
-    machine.LaunchTask(task, false, true);
-    journal.WaitFor("step 0");
+    LaunchAtGate(task);
     machine.Pause(true);
     gate.Open();
     journal.WaitFor("OnStateSucceeded");
@@ -141,11 +132,7 @@ TEST_F(NonBlockingRun, PausedRunWaitsBetweenStatesUntilResumed) {
 }
 
 TEST_F(NonBlockingRun, AbortEndsAPause) {
-    Gate gate;
-    ScriptedTask *task = NewTask(2);
-    task->gates[0] = gate.handle;
-    machine.LaunchTask(task, false, true);
-    journal.WaitFor("step 0");
+    LaunchAtGate(NewTask(2));
     machine.Pause(true);
     gate.Open();
     journal.WaitFor("OnStateSucceeded");
@@ -156,11 +143,7 @@ TEST_F(NonBlockingRun, AbortEndsAPause) {
 }
 
 TEST_F(NonBlockingRun, LaunchWhileRunningAbortsWaitsAndStartsUnpaused) {
-    Gate gate;
-    ScriptedTask *first = NewTask(2, "First");
-    first->gates[0] = gate.handle;
-    machine.LaunchTask(first, false, true);
-    journal.WaitFor("step 0");
+    LaunchAtGate(NewTask(2, "First"));
     machine.Pause(true);
     // The launch aborts the running task; its state then gets to its end.
     machine.afterAbort = [&] { gate.Open(); };
@@ -173,11 +156,7 @@ TEST_F(NonBlockingRun, LaunchWhileRunningAbortsWaitsAndStartsUnpaused) {
 }
 
 TEST_F(NonBlockingRun, ShutDownAbortsAndWaitsForTheThread) {
-    Gate gate;
-    ScriptedTask *task = NewTask(2);
-    task->gates[0] = gate.handle;
-    machine.LaunchTask(task, false, true);
-    journal.WaitFor("step 0");
+    LaunchAtGate(NewTask(2));
     machine.afterAbort = [&] { gate.Open(); };
     machine.ShutDown();
     machine.afterAbort = nullptr;
@@ -187,12 +166,9 @@ TEST_F(NonBlockingRun, ShutDownAbortsAndWaitsForTheThread) {
 }
 
 TEST_F(NonBlockingRun, EarlyDecisionEndsTheNextFailureAsIfFinished) {
-    Gate gate;
     ScriptedTask *task = NewTask(2);
-    task->gates[0] = gate.handle;
     task->failures[0] = 1;
-    machine.LaunchTask(task, false, true);
-    journal.WaitFor("step 0");
+    LaunchAtGate(task);
     // A retry while nothing has failed leaves the decision signalled; the
     // failure then finds no decision and the run ends like a completed one.
     EXPECT_EQ(machine.Retry(), qor::kTaskSucceeded);

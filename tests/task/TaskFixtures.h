@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "qor/task.h"
 
 namespace tasktest {
@@ -159,6 +161,24 @@ struct Gate {
     void Open() { SetEvent(handle); }
     HANDLE handle;
 };
+
+// A machine with a recording listener; tasks are named `defaultName` unless told.
+class MachineFixture : public ::testing::Test {
+protected:
+    explicit MachineFixture(const char *defaultName) : defaultName(defaultName) { machine.SetListener(&listener); }
+    ScriptedTask *NewTask(int steps, const char *name = nullptr) {
+        auto *task = new ScriptedTask(journal, lifetimes, steps);
+        task->SetOperationName(name ? name : defaultName);
+        return task;
+    }
+    const char *defaultName;
+    Journal journal;
+    Lifetimes lifetimes;
+    TestMachine machine{journal};
+    TestListener listener{journal};
+};
+
+using Entries = std::vector<std::string>;
 
 inline std::string Text(long value) { return std::to_string(value); }
 // How OnRunFinish results read in a journal.

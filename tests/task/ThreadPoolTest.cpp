@@ -4,6 +4,7 @@
 #include <atomic>
 #include <vector>
 
+#include "../platform/ThreadHelpers.h"
 #include "TaskFixtures.h"
 
 namespace tasktest {
@@ -121,21 +122,13 @@ TEST(ThreadPool, ManyJobsFromManyThreadsAllRun) {
             return 0;
         }
     };
-    std::vector<HANDLE> callers;
-    for (int c = 0; c < 3; ++c) {
-        callers.push_back(qor::BeginThread([&]() -> DWORD {
-            for (int i = 0; i < 20; ++i) {
-                HANDLE done = pool.StartThread(Count::Run, &ran, false);
-                WaitForSingleObject(done, INFINITE);
-                CloseHandle(done);
-            }
-            return 0;
-        }));
-    }
-    for (HANDLE caller : callers) {
-        WaitForSingleObject(caller, INFINITE);
-        CloseHandle(caller);
-    }
+    threadtest::RunOnThreads(3, [&] {
+        for (int i = 0; i < 20; ++i) {
+            HANDLE done = pool.StartThread(Count::Run, &ran, false);
+            WaitForSingleObject(done, INFINITE);
+            CloseHandle(done);
+        }
+    });
     EXPECT_EQ(ran, 60);
 }
 
