@@ -88,12 +88,10 @@ TEST(Messages, SignalledObjectWinsOverWaitingInput) {
 TEST(Messages, GetMessageRunsAThreadsLoopUntilQuit) {
     std::vector<WPARAM> got;
     DWORD exitCode = 0;
-    HANDLE ready = CreateEvent(nullptr, TRUE, FALSE, nullptr);
     DWORD id = 0;
     HANDLE thread = qor::BeginThread(
         [&]() -> DWORD {
             MSG msg;
-            SetEvent(ready);
             while (GetMessage(&msg, nullptr, 0, 0)) {
                 got.push_back(msg.wParam);
                 if (msg.wParam == 2) PostQuitMessage(5);
@@ -109,7 +107,6 @@ TEST(Messages, GetMessageRunsAThreadsLoopUntilQuit) {
     EXPECT_EQ(got, (std::vector<WPARAM>{1, 2}));
     EXPECT_EQ(exitCode, 5u);
     CloseHandle(thread);
-    CloseHandle(ready);
 }
 
 TEST(Messages, ToolkitHookIsServedByPumpingWaits) {

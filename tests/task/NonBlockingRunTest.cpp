@@ -2,6 +2,7 @@
 // other threads. Every test waits on callbacks, never on time.
 #include <gtest/gtest.h>
 
+#include "../platform/ThreadHelpers.h"
 #include "TaskFixtures.h"
 
 namespace tasktest {
@@ -81,16 +82,13 @@ TEST_F(NonBlockingRun, AbortOfAWaitingTaskEndsItAsAborted) {
     task->failures[0] = 1;
     machine.LaunchTask(task, false, true);
     journal.WaitFor("OnTaskError 0 step 0 failed");
-    HANDLE other = qor::BeginThread([&]() -> DWORD { return static_cast<DWORD>(machine.Abort()); });
+    long result = -1;
+    threadtest::RunOnOtherThread([&] { result = machine.Abort(); });
+    EXPECT_EQ(result, qor::kTaskSucceeded);
     journal.WaitFor("destroyed");
     EXPECT_EQ(After("OnTaskError 0 step 0 failed"),
               (Entries{"OnTaskError 0 step 0 failed", "task Abort", "OnUserAbort", "OnRunFinish " + kAborted,
                        "OnTaskAborted", "destroyed"}));
-    WaitForSingleObject(other, INFINITE);
-    DWORD code = 1;
-    GetExitCodeThread(other, &code);
-    CloseHandle(other);
-    EXPECT_EQ(code, 0u);
 }
 
 TEST_F(NonBlockingRun, AbortWhileAStateRunsIsNoFailure) {

@@ -31,12 +31,7 @@ public:
         std::lock_guard<std::mutex> hold(lock);
         return entries;
     }
-    bool Has(const std::string &entry) const {
-        std::lock_guard<std::mutex> hold(lock);
-        for (const auto &e : entries)
-            if (e == entry) return true;
-        return false;
-    }
+    bool Has(const std::string &entry) const { return Count(entry) > 0; }
     int Count(const std::string &entry) const {
         std::lock_guard<std::mutex> hold(lock);
         int n = 0;

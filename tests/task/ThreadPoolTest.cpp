@@ -66,14 +66,6 @@ TEST(ThreadPool, GrowsWhenEveryWorkerIsBusyAndReusesTheOldestIdle) {
     for (HANDLE handle : {busyDone, extraDone, laterDone}) CloseHandle(handle);
 }
 
-TEST(ThreadPool, ClosesFinishedEventItselfWhenAsked) {
-    CThreadPool pool(1, 1, false);
-    Job job;
-    ASSERT_NE(pool.StartThread(Job::Run, &job, true), nullptr);
-    WaitForSingleObject(job.started, INFINITE);
-    // Nothing to close here; the pool's destructor waits for the job.
-}
-
 // The destructor waits for the running job while serving the thread's
 // messages: this job only ends once the destroying thread has handled the
 // message it posts, so a destructor that did not pump would hang.
@@ -103,7 +95,8 @@ TEST(ThreadPool, DestructionWaitsForJobsWithMessagesServed) {
     } poster{self, gate.handle, &jobEnded, CreateEvent(nullptr, TRUE, FALSE, nullptr)};
     {
         CThreadPool pool(1, 1, false);
-        pool.StartThread(Poster::Run, &poster, true);
+        // The pool closes the finished event itself when asked to.
+        ASSERT_NE(pool.StartThread(Poster::Run, &poster, true), nullptr);
         // Only a job that has begun is sure to run: a shutdown signal wins
         // over a job handed to a worker that was not yet waiting.
         WaitForSingleObject(poster.started, INFINITE);

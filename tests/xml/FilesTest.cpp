@@ -41,12 +41,14 @@ protected:
         else
             unsetenv("TMPDIR");
     }
-    std::vector<std::string> TempFiles() const {
+    // The names in `folder`, sorted.
+    static std::vector<std::string> Names(const fs::path &folder) {
         std::vector<std::string> names;
-        for (const auto &entry : fs::directory_iterator(temp_))
-            names.push_back(entry.path().filename().string());
+        for (const auto &entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
         return names;
     }
+    std::vector<std::string> TempFiles() const { return Names(temp_); }
     static XMLWriter Sample(const std::string &name) {
         XMLWriter writer("MetaData", "1.0", true);
         writer.children.emplace_back().name = name;
@@ -165,17 +167,14 @@ TEST_F(FilesTest, WriteReplacesTheDestinationWhole) {
     struct stat info {};
     ASSERT_EQ(::stat(path.c_str(), &info), 0);
     EXPECT_EQ(info.st_mode & 0777, 0640u);
-    std::vector<std::string> beside;
-    for (const auto &entry : fs::directory_iterator(scratch_.path()))
-        beside.push_back(entry.path().filename().string());
-    std::sort(beside.begin(), beside.end());
-    EXPECT_EQ(beside, (std::vector<std::string>{"doc.xml", "old-link", "tmp"}));
+    EXPECT_EQ(Names(scratch_.path()), (std::vector<std::string>{"doc.xml", "old-link", "tmp"}));
 }
 
 TEST_F(FilesTest, AReadOnlyDestinationKeepsTheOldFileAndTheWorkingFile) {
     std::string path = scratch_ / "locked.xml";
     WriteFile(path, "old contents");
     ::chmod(path.c_str(), 0444);
+    const std::time_t before = std::time(nullptr);
     auto failure = Failure([&] { Sample("New").Write(path.c_str()); });
     ASSERT_TRUE(failure);
     EXPECT_EQ(ReadFile(path), "old contents");
@@ -183,7 +182,13 @@ TEST_F(FilesTest, AReadOnlyDestinationKeepsTheOldFileAndTheWorkingFile) {
     auto files = TempFiles();
     ASSERT_EQ(files.size(), 1u);
     const std::string working = temp_ + "/" + files[0];
-    EXPECT_EQ(files[0].rfind("TP", 0), 0u);
+    // Named after the local time: TP2026-11-12_143005-XXXXXX.tmp
+    std::tm local{};
+    localtime_r(&before, &local);
+    char date[32];
+    std::strftime(date, sizeof date, "TP%F_", &local);
+    EXPECT_EQ(files[0].rfind(date, 0), 0u) << files[0];
+    EXPECT_EQ(files[0].size(), std::string("TP2026-11-12_143005-XXXXXX.tmp").size()) << files[0];
     EXPECT_EQ(*failure, "1 XMLWriter::Write: Unable to save the file: \\x0d\\x0aCopyFile() "
                         "failed to copy " +
                             working + " -> " + path +
@@ -191,23 +196,6 @@ TEST_F(FilesTest, AReadOnlyDestinationKeepsTheOldFileAndTheWorkingFile) {
     XMLReader reader;
     reader.Read(working.c_str());
     EXPECT_EQ(reader.children.front().name, "New") << "the working file is whole";
-}
-
-TEST_F(FilesTest, TheWorkingFileIsStampedWithTheLocalTime) {
-    std::string path = scratch_ / "locked.xml";
-    WriteFile(path, "x");
-    ::chmod(path.c_str(), 0444);
-    std::time_t before = std::time(nullptr);
-    EXPECT_TRUE(Failure([&] { Sample("New").Write(path.c_str()); }));
-    auto files = TempFiles();
-    ASSERT_EQ(files.size(), 1u);
-    // TP2026-11-12_143005-XXXXXX.tmp
-    std::tm local{};
-    localtime_r(&before, &local);
-    char date[32];
-    std::strftime(date, sizeof date, "TP%F_", &local);
-    EXPECT_EQ(files[0].rfind(date, 0), 0u) << files[0];
-    EXPECT_EQ(files[0].size(), std::string("TP2026-11-12_143005-XXXXXX.tmp").size()) << files[0];
 }
 
 }  // namespace
