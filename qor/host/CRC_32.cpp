@@ -129,20 +129,7 @@ unsigned long CRC_32::CalcCRC(void *data, unsigned int size, qor::ProgressTarget
     job->owner = this;
     job->progress = progress;
     if (!job->data.Assign(data, size)) return 0;
-    job->go = CreateEvent(nullptr, TRUE, FALSE, nullptr);
-    if (job->go == nullptr) return 0;
-    Job *raw = job.get();
-    HANDLE thread = qor::BeginThread([raw] { return RunJob(raw); });
-    if (thread == nullptr) {
-        CloseHandle(job->go);
-        return 0;
-    }
-    // The thread waits for its own handle before it starts, as a thread
-    // created suspended would, so that its final message can name it.
-    raw->thread = thread;
-    job.release();
-    SetEvent(raw->go);
-    return reinterpret_cast<unsigned long>(thread);
+    return StartJob(job.release());
 }
 
 unsigned long CRC_32::CalcCRC(const char *path, qor::ProgressTarget *progress) {
@@ -156,14 +143,20 @@ unsigned long CRC_32::CalcCRC(const char *path, qor::ProgressTarget *progress) {
     // and a cut path would name another file, so the whole path is kept.
     job->path = path;
     if (!LiveTarget(progress)) return RunJob(job.release());
+    return StartJob(job.release());
+}
+
+unsigned long CRC_32::StartJob(Job *raw) {
+    std::unique_ptr<Job> job(raw);
     job->go = CreateEvent(nullptr, TRUE, FALSE, nullptr);
     if (job->go == nullptr) return 0;
-    Job *raw = job.get();
     HANDLE thread = qor::BeginThread([raw] { return RunJob(raw); });
     if (thread == nullptr) {
         CloseHandle(job->go);
         return 0;
     }
+    // The thread waits for its own handle before it starts, as a thread
+    // created suspended would, so that its final message can name it.
     raw->thread = thread;
     job.release();
     SetEvent(raw->go);

@@ -56,6 +56,9 @@ public:
 private:
     struct Job;
     static DWORD RunJob(Job *job);
+    // Hands the job (owned from here on) to a thread of its own; returns the
+    // thread's handle, or 0 when no thread could be started.
+    static unsigned long StartJob(Job *job);
 
     unsigned long table_[256];
 };

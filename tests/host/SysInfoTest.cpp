@@ -61,6 +61,15 @@ public:
     using CSysInfo::NextObject;
 };
 
+// Every record of one kind the host tree gives.
+template <class Record>
+std::vector<Record> List(const FakeHost &host) {
+    CSysInfo info(host.root());
+    std::vector<Record> records;
+    EXPECT_TRUE(info.GetInfo(records, 0));
+    return records;
+}
+
 TEST(SysInfo, OnlyWorkingWiredAdaptersAreKept) {
     FakeHost host;
     host.Adapter("lo", 1, 772, "0x9", "unknown", "00:00:00:00:00:00");
@@ -73,10 +82,7 @@ TEST(SysInfo, OnlyWorkingWiredAdaptersAreKept) {
     host.Adapter("eth3", 6, 1, "0x1003", "up", "00:00:00:00:00:00");       // no MAC
     host.Adapter("tun0", 7, 65534, "0x1003", "unknown", "");               // not Ethernet
     host.Adapter("veth9", 8, 1, "0x1003", "unknown", "02:fc:00:00:00:08"); // carrier says linked
-
-    CSysInfo info(host.root());
-    std::vector<CSysInfo::NIC> adapters;
-    ASSERT_TRUE(info.GetInfo(adapters, 0));
+    const auto adapters = List<CSysInfo::NIC>(host);
     ASSERT_EQ(adapters.size(), 2u);
     const CSysInfo::NIC &eth0 = adapters[0];
     EXPECT_EQ(eth0.Name, "eth0");
@@ -89,31 +95,19 @@ TEST(SysInfo, OnlyWorkingWiredAdaptersAreKept) {
     EXPECT_EQ(adapters[1].ServiceName, "");
 }
 
-TEST(SysInfo, NoAdapterUpGivesAnEmptyVector) {
-    FakeHost host;
-    host.Adapter("eth0", 2, 1, "0x1002", "down", "02:fc:00:00:00:01");
-    CSysInfo info(host.root());
-    std::vector<CSysInfo::NIC> adapters;
-    EXPECT_TRUE(info.GetInfo(adapters, 0));
-    EXPECT_TRUE(adapters.empty());
-}
-
 TEST(SysInfo, MissingFactsLeaveRecordsAsTheyWere) {
-    FakeHost host;  // no DMI folders, no cpuinfo, no disks
+    FakeHost host;  // no DMI folders, no cpuinfo, no disks, no adapter up
+    host.Adapter("eth0", 2, 1, "0x1002", "down", "02:fc:00:00:00:01");
     CSysInfo info(host.root());
     CSysInfo::BIOS bios;
     bios.Name = "kept";
     EXPECT_TRUE(info.GetInfo(bios, 0));
     EXPECT_EQ(bios.Name, "kept");
-    std::vector<CSysInfo::RAM> modules;
-    std::vector<CSysInfo::Processor> processors;
-    std::vector<CSysInfo::DiskDrive> disks;
-    std::vector<CSysInfo::VideoCard> video;
-    EXPECT_TRUE(info.GetInfo(modules, 0));
-    EXPECT_TRUE(info.GetInfo(processors, 0));
-    EXPECT_TRUE(info.GetInfo(disks, 0));
-    EXPECT_TRUE(info.GetInfo(video, 0));
-    EXPECT_TRUE(modules.empty() && processors.empty() && disks.empty() && video.empty());
+    EXPECT_TRUE(List<CSysInfo::NIC>(host).empty());
+    EXPECT_TRUE(List<CSysInfo::RAM>(host).empty());
+    EXPECT_TRUE(List<CSysInfo::Processor>(host).empty());
+    EXPECT_TRUE(List<CSysInfo::DiskDrive>(host).empty());
+    EXPECT_TRUE(List<CSysInfo::VideoCard>(host).empty());
     // The motherboard always exists; what is not known is empty.
     CSysInfo::Motherboard board;
     EXPECT_TRUE(info.GetInfo(board, 0));
@@ -132,9 +126,7 @@ TEST(SysInfo, ProcessorsArePackages) {
                    std::to_string(cpu / 2) + "\n\n";
     host.Write("/proc/cpuinfo", cpuinfo);
     host.Write("/sys/devices/system/cpu/cpu0/cpufreq/cpuinfo_max_freq", "3900000\n");
-    CSysInfo info(host.root());
-    std::vector<CSysInfo::Processor> processors;
-    ASSERT_TRUE(info.GetInfo(processors, 0));
+    const auto processors = List<CSysInfo::Processor>(host);
     ASSERT_EQ(processors.size(), 2u);
     EXPECT_EQ(processors[0].Name, "Xeon Test 0");
     EXPECT_EQ(processors[1].Name, "Xeon Test 1");
@@ -180,9 +172,7 @@ std::string DmiTableWithMemory() {
 TEST(SysInfo, MemoryModulesComeFromTheDmiTable) {
     FakeHost host;
     host.Write("/sys/firmware/dmi/tables/DMI", DmiTableWithMemory());
-    CSysInfo info(host.root());
-    std::vector<CSysInfo::RAM> modules;
-    ASSERT_TRUE(info.GetInfo(modules, 0));
+    const auto modules = List<CSysInfo::RAM>(host);
     ASSERT_EQ(modules.size(), 1u);
     EXPECT_EQ(modules[0].Capacity, 8192LL << 20);
     EXPECT_EQ(modules[0].Manufacturer, "Samsung");
@@ -193,9 +183,10 @@ TEST(SysInfo, MemoryModulesComeFromTheDmiTable) {
 
 TEST(SysInfo, DamagedDmiTablesGiveFewerStructures) {
     const std::string table = DmiTableWithMemory();
-    EXPECT_EQ(qor::hostinfo::ParseDmiTable({reinterpret_cast<const std::uint8_t *>(table.data()), table.size()}).size(), 4u);
+    const auto *bytes = reinterpret_cast<const std::uint8_t *>(table.data());
+    EXPECT_EQ(qor::hostinfo::ParseDmiTable({bytes, table.size()}).size(), 4u);
     for (std::size_t size = 0; size < table.size(); ++size) {
-        auto structures = qor::hostinfo::ParseDmiTable({reinterpret_cast<const std::uint8_t *>(table.data()), size});
+        auto structures = qor::hostinfo::ParseDmiTable({bytes, size});
         EXPECT_LE(structures.size(), 4u);
         for (const auto &s : structures) {
             s.String(0x17);
@@ -222,9 +213,7 @@ TEST(SysInfo, DisksOnHardwareOnly) {
     host.Write("/sys/block/sda/device/vendor", "ATA     \n");
     host.Write("/sys/block/sda/device/model", "Samsung SSD 870 \n");
     host.Write("/sys/block/loop0/size", "100\n");
-    CSysInfo info(host.root());
-    std::vector<CSysInfo::DiskDrive> disks;
-    ASSERT_TRUE(info.GetInfo(disks, 0));
+    const auto disks = List<CSysInfo::DiskDrive>(host);
     ASSERT_EQ(disks.size(), 1u);
     EXPECT_EQ(disks[0].DeviceID, "/dev/sda");
     EXPECT_EQ(disks[0].Manufacturer, "ATA");

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <string>
 
 #include "PeBuilder.h"
+#include "ScratchFile.h"
 #include "qor/host/OSVersionInfo.h"
 #include "qor/host/VersionInfo.h"
 
@@ -18,20 +17,16 @@ using qor::test::BuildVersionResource;
 using qor::test::TypicalVersionLayout;
 using qor::test::VersionResourceLayout;
 
+using qor::test::ScratchFile;
+
 CVersionInfo LoadImage(const std::vector<std::uint8_t> &image) {
     CVersionInfo info;
     info.LoadFromMemory(image.data(), image.size());
     return info;
 }
 
-std::string WriteTempFile(const std::vector<std::uint8_t> &bytes) {
-    char path[] = "/tmp/qor-version-XXXXXX";
-    int fd = ::mkstemp(path);
-    EXPECT_GE(fd, 0);
-    ::close(fd);
-    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char *>(bytes.data()),
-                                                static_cast<std::streamsize>(bytes.size()));
-    return path;
+CVersionInfo LoadLayout(const VersionResourceLayout &layout) {
+    return LoadImage(BuildPeImage(BuildVersionResource(layout)));
 }
 
 class VersionInfoImage : public ::testing::TestWithParam<bool> {};
@@ -39,9 +34,7 @@ class VersionInfoImage : public ::testing::TestWithParam<bool> {};
 TEST_P(VersionInfoImage, ReadsFixedPartAndStringsFromAFile) {
     qor::test::PeImageOptions pe;
     pe.pe32Plus = GetParam();
-    std::string path = WriteTempFile(BuildPeImage(BuildVersionResource(TypicalVersionLayout()), pe));
-    CVersionInfo info(path);
-    std::remove(path.c_str());
+    CVersionInfo info(ScratchFile(BuildPeImage(BuildVersionResource(TypicalVersionLayout()), pe)).path());
 
     ASSERT_NE(info.GetFixedFileInfo(), nullptr);
     EXPECT_EQ(info.GetFixedFileInfo()->dwSignature, 0xFEEF04BDu);
@@ -72,12 +65,6 @@ TEST_P(VersionInfoImage, ReadsFixedPartAndStringsFromAFile) {
 
 INSTANTIATE_TEST_SUITE_P(Pe32AndPe32Plus, VersionInfoImage, ::testing::Values(false, true));
 
-TEST(VersionInfo, ProductnameKeyWithSmallNIsFound) {
-    VersionResourceLayout layout = TypicalVersionLayout();
-    layout.tables[0].values.push_back({"Productname", "Small n"});
-    EXPECT_EQ(LoadImage(BuildPeImage(BuildVersionResource(layout))).GetProductName(), "Small n");
-}
-
 TEST(VersionInfo, VersionTextsAreNormalised) {
     struct Case {
         const char *fileVersion;
@@ -95,7 +82,7 @@ TEST(VersionInfo, VersionTextsAreNormalised) {
     for (const Case &c : cases) {
         VersionResourceLayout layout = TypicalVersionLayout();
         layout.tables[0].values = {{"FileVersion", c.fileVersion}, {"ProductVersion", c.productVersion}};
-        CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
+        CVersionInfo info = LoadLayout(layout);
         EXPECT_EQ(info.GetFileVersionAsString(), c.expectFile) << c.fileVersion;
         EXPECT_EQ(info.GetProductVersionAsString(), c.expectProduct) << c.productVersion;
     }
@@ -105,7 +92,7 @@ TEST(VersionInfo, TranslationsSelectTheStringTable) {
     VersionResourceLayout layout = TypicalVersionLayout();
     layout.tables = {{"040904B0", {{"CompanyName", "English"}}}, {"040704b0", {{"CompanyName", "Deutsch"}}}};
     layout.translations = {{0x0409, 0x04B0}, {0x0407, 0x04B0}};
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
+    CVersionInfo info = LoadLayout(layout);
     ASSERT_EQ(info.GetTranslationCount(), 2);
     EXPECT_EQ(info.GetTranslation(1)->language, 0x0407);
     EXPECT_EQ(info.GetTranslation(1)->codePage, 0x04B0);
@@ -119,40 +106,51 @@ TEST(VersionInfo, TranslationsSelectTheStringTable) {
     EXPECT_EQ(info.GetCompanyName(), "Deutsch");
 }
 
-TEST(VersionInfo, TableThatNoTranslationNamesIsNotRead) {
-    // Real files list 0409 and hold a table for 0809; the reads find nothing.
-    VersionResourceLayout layout = TypicalVersionLayout();
-    layout.tables[0].key = "080904b0";
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
-    EXPECT_EQ(info.GetCompanyName(), "Unknown");
-    EXPECT_EQ(info.GetFileVersionAsString(), "Unknown");
-    ASSERT_NE(info.GetVersionBlock(), nullptr);
-    EXPECT_NE(qor::FindVersionBlock(*info.GetVersionBlock(), "\\StringFileInfo\\080904B0\\CompanyName"), nullptr);
-}
-
-TEST(VersionInfo, StringTablesStandInForAMissingTranslationList) {
-    VersionResourceLayout layout = TypicalVersionLayout();
-    layout.withTranslations = false;
-    layout.tables[0].key = "041104e4";
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
-    ASSERT_EQ(info.GetTranslationCount(), 1);
-    EXPECT_EQ(info.GetTranslation(0)->language, 0x0411);
-    EXPECT_EQ(info.GetCompanyName(), "Example Instruments Ltd");
-}
-
-TEST(VersionInfo, ResourceWithoutFixedPartStillGivesStrings) {
-    VersionResourceLayout layout = TypicalVersionLayout();
-    layout.withFixedInfo = false;
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(layout)));
-    EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
-    EXPECT_EQ(info.GetFileVersion(), 0u);
-    EXPECT_EQ(info.GetInternalName(), "platehandler");
+// Layouts real files have, and what the reader makes of each.
+TEST(VersionInfo, LayoutVariations) {
+    using Layout = VersionResourceLayout;
+    struct Case {
+        const char *what;
+        void (*change)(Layout &);
+        bool fixedPart;
+        std::uint16_t language;  // of the first translation
+        const char *company, *fileVersion, *productName;
+    };
+    const Case cases[] = {
+        {"Productname keyed with a small n", [](Layout &l) { l.tables[0].values.push_back({"Productname", "Small n"}); },
+         true, 0x0409, "Example Instruments Ltd", "1.2.3.4", "Small n"},
+        // Real files list 0409 and hold a table for 0809; the reads find nothing.
+        {"table no translation names", [](Layout &l) { l.tables[0].key = "080904b0"; },
+         true, 0x0409, "Unknown", "Unknown", "Unknown"},
+        {"no translation list: the tables stand in",
+         [](Layout &l) { l.withTranslations = false; l.tables[0].key = "041104e4"; },
+         true, 0x0411, "Example Instruments Ltd", "1.2.3.4", "Unknown"},
+        {"no fixed part", [](Layout &l) { l.withFixedInfo = false; },
+         false, 0x0409, "Example Instruments Ltd", "1.2.3.4", "Unknown"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        Layout layout = TypicalVersionLayout();
+        c.change(layout);
+        CVersionInfo info = LoadLayout(layout);
+        EXPECT_EQ(info.GetFixedFileInfo() != nullptr, c.fixedPart);
+        EXPECT_EQ(info.GetFileVersion(), c.fixedPart ? 0x0001000200030004ULL : 0u);
+        ASSERT_EQ(info.GetTranslationCount(), 1);
+        EXPECT_EQ(info.GetTranslation(0)->language, c.language);
+        EXPECT_EQ(info.GetCompanyName(), c.company);
+        EXPECT_EQ(info.GetFileVersionAsString(), c.fileVersion);
+        EXPECT_EQ(info.GetProductName(), c.productName);
+        // The table itself is always read, whether or not a translation names it.
+        ASSERT_NE(info.GetVersionBlock(), nullptr);
+        EXPECT_NE(qor::FindVersionBlock(*info.GetVersionBlock(), "\\StringFileInfo\\" + layout.tables[0].key +
+                                                                     "\\CompanyName"),
+                  nullptr);
+    }
 }
 
 TEST(VersionInfo, FilesWithoutAResourceLeaveTheObjectEmpty) {
-    std::string text = WriteTempFile({'h', 'e', 'l', 'l', 'o'});
-    std::string folder = "/tmp";
-    for (const std::string &path : {std::string("/nonexistent/qor.dll"), text, folder}) {
+    ScratchFile text({'h', 'e', 'l', 'l', 'o'});
+    for (const std::string path : {"/nonexistent/qor.dll", text.path(), "/tmp"}) {
         CVersionInfo info;
         EXPECT_EQ(info.Load(path), 0) << path;
         EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
@@ -161,9 +159,8 @@ TEST(VersionInfo, FilesWithoutAResourceLeaveTheObjectEmpty) {
         EXPECT_EQ(info.GetCompanyName(), "Unknown");
         EXPECT_EQ(info.GetFileVersionAsString(), "Unknown");
     }
-    std::remove(text.c_str());
     // A failed load forgets what an earlier one held.
-    CVersionInfo info = LoadImage(BuildPeImage(BuildVersionResource(TypicalVersionLayout())));
+    CVersionInfo info = LoadLayout(TypicalVersionLayout());
     ASSERT_NE(info.GetFixedFileInfo(), nullptr);
     EXPECT_EQ(info.Load("/nonexistent/qor.dll"), 0);
     EXPECT_EQ(info.GetFixedFileInfo(), nullptr);
