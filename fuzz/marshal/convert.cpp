@@ -1,32 +1,19 @@
 // Convert from arbitrary text against a literal text stream of precision 10:
 // the same value for every target type, and no byte read past the text.
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <sstream>
 #include <string>
 
+#include "../../tests/marshal/StreamReference.h"
 #include "qor/marshal/Convert.h"
 
 namespace {
 
-template <class To>
-To StreamConvert(std::string text) {
-    const auto cut = std::find_if(text.begin(), text.end(),
-                                  [](char c) { return static_cast<unsigned char>(c) >= 128; });
-    text.erase(cut, text.end());
-    if (std::is_same_v<To, bool> && text.empty()) text = "0";
-    std::stringstream stream;
-    stream.precision(10);
-    stream << text;
-    To value{};
-    stream >> value;
-    return value;
-}
+using marshal_reference::StreamConvert;
 
 template <class To>
 void Check(std::string_view view, const std::string &copy) {

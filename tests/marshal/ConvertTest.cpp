@@ -2,40 +2,19 @@
 // literal text stream of precision 10 over many generated strings.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cfloat>
 #include <climits>
 #include <cmath>
 #include <cstring>
 #include <random>
-#include <sstream>
 
+#include "StreamReference.h"
 #include "qor/marshal/Convert.h"
 
 namespace {
 
-// The conversion as a string stream performs it, cut and bool rule included.
-template <class To>
-To StreamConvert(std::string text) {
-    const auto cut = std::find_if(text.begin(), text.end(),
-                                  [](char c) { return static_cast<unsigned char>(c) >= 128; });
-    text.erase(cut, text.end());
-    if (std::is_same_v<To, bool> && text.empty()) text = "0";
-    std::stringstream stream;
-    stream.precision(10);
-    stream << text;
-    To value{};
-    stream >> value;
-    return value;
-}
-
-template <class From>
-std::string StreamText(From value) {
-    std::stringstream stream;
-    stream.precision(10);
-    stream << value;
-    return stream.str();
-}
+using marshal_reference::StreamConvert;
+using marshal_reference::StreamText;
 
 TEST(ConvertFromText, Integers) {
     struct Case {

@@ -12,20 +12,11 @@ namespace marshal_test {
 // The lines of a written document between the root's opening and closing
 // tags, joined by '\n': the record's own text.
 inline std::string RecordText(const std::string &document) {
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start <= document.size()) {
-        const std::size_t end = document.find('\n', start);
-        lines.push_back(document.substr(start, end == std::string::npos ? std::string::npos : end - start));
-        if (end == std::string::npos) break;
-        start = end + 1;
-    }
-    std::string text;
-    for (std::size_t i = 2; i + 1 < lines.size(); ++i) {
-        if (!text.empty()) text += '\n';
-        text += lines[i];
-    }
-    return text;
+    const std::size_t first = document.find('\n');
+    const std::size_t second = first == std::string::npos ? first : document.find('\n', first + 1);
+    const std::size_t last = document.rfind('\n');
+    if (second == std::string::npos || last <= second) return std::string();
+    return document.substr(second + 1, last - second - 1);
 }
 
 // One Parameter as a row: category, name, type, value, description.
@@ -46,6 +37,14 @@ inline std::vector<ParameterRow> Rows(const ObjectInstanceXMLMarshaller::ObjectI
         }
     }
     return rows;
+}
+
+// The rows a record shows of itself as a property bag.
+template <class Record>
+std::vector<ParameterRow> RowsOf(const Record &record) {
+    ObjectInstanceXMLMarshaller::ObjectInstance instance;
+    record.ToObjectInstance(instance);
+    return Rows(instance);
 }
 
 // A fresh directory under the system's temporary folder, removed with the object.

@@ -2,9 +2,6 @@
 // text, reading back, files, property bags, and bad input.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <fstream>
-
 #include "MarshalTestSupport.h"
 #include "SampleRecords.h"
 #include "qor/records/hooks.h"
@@ -19,6 +16,13 @@ using SampleRecords::Item;
 using SampleRecords::Sample;
 
 namespace {
+
+// A record's exact text and the rows it shows as a property bag.
+template <class Record>
+void ExpectTextAndRows(const Record &record, const std::string &text, const std::vector<ParameterRow> &rows) {
+    EXPECT_EQ(RecordText(record.ToXMLString()), text);
+    EXPECT_EQ(marshal_test::RowsOf(record), rows);
+}
 
 TEST(ProtocolPausedText, DefaultDocumentIsExact) {
     EXPECT_EQ(ProtocolPaused().ToXMLString(),
@@ -36,10 +40,7 @@ TEST(ProtocolPausedText, RepeatedWritesAreEqualAndReadBack) {
     EXPECT_EQ(first, paused.ToXMLString());  // a fresh writer each time: nothing escaped twice
     EXPECT_EQ(RecordText(first),
               "\t<ProtocolPaused Path='C:\\runs\\a&amp;b &apos;q&apos; &lt;x&gt;.pro' PauseType='-3' />");
-    const ProtocolPaused back(first);
-    EXPECT_EQ(back.Path, paused.Path);
-    EXPECT_EQ(back.PauseType, -3);
-    EXPECT_TRUE(back == paused);
+    EXPECT_TRUE(ProtocolPaused(first) == paused);
 }
 
 TEST(ProtocolPausedText, EmptiedStringDropsOutAndReadsBackItsDefault) {
@@ -50,24 +51,29 @@ TEST(ProtocolPausedText, EmptiedStringDropsOutAndReadsBackItsDefault) {
     EXPECT_EQ(ProtocolPaused(text).Path, "<not specified>");
 }
 
-TEST(ProtocolPausedText, PresentEmptyAttributeOverwritesDefault) {
-    const ProtocolPaused paused(std::string("<?xml version='1.0' ?><Brindlemar><ProtocolPaused Path='' /></Brindlemar>"));
-    EXPECT_EQ(paused.Path, "");
-    EXPECT_EQ(paused.PauseType, 0);
-}
-
-TEST(ProtocolPausedText, ElementNameIsNotCheckedAndUnknownsAreIgnored) {
-    const ProtocolPaused paused(std::string(
-        "<?xml version='1.0' ?><Anything><Aborted Path='p' PauseType='4' Other='x'><Junk /></Aborted></Anything>"));
-    EXPECT_EQ(paused.Path, "p");
-    EXPECT_EQ(paused.PauseType, 4);
-}
-
-TEST(ProtocolPausedText, RootWithoutChildLeavesDefaults) {
-    const ProtocolPaused closedRoot(std::string("<?xml version='1.0' ?><Brindlemar />"));
-    EXPECT_EQ(closedRoot.Path, "<not specified>");
-    const ProtocolPaused emptyRoot(std::string("<?xml version='1.0' ?><Brindlemar>text</Brindlemar>"));
-    EXPECT_EQ(emptyRoot.PauseType, 0);
+TEST(ProtocolPausedText, ReadsWhatIsThereAndKeepsDefaultsForTheRest) {
+    struct Case {
+        const char *document;
+        const char *path;
+        int pauseType;
+    };
+    const Case cases[] = {
+        {"<Brindlemar><ProtocolPaused Path='' /></Brindlemar>", "", 0},  // present but empty: overwrites
+        {"<Anything><Aborted Path='p' PauseType='4' Other='x'><Junk /></Aborted></Anything>", "p", 4},
+        {"<Brindlemar />", "<not specified>", 0},
+        {"<Brindlemar>text</Brindlemar>", "<not specified>", 0},
+        // numbers read as their leading number, clamped to 32 bits, else 0
+        {"<r><ProtocolPaused PauseType='12abc' /></r>", "<not specified>", 12},
+        {"<r><ProtocolPaused PauseType='0x1F' /></r>", "<not specified>", 0},
+        {"<r><ProtocolPaused PauseType='-2147483649' /></r>", "<not specified>", INT32_MIN},
+        {"<r><ProtocolPaused PauseType='99999999999999999999999' /></r>", "<not specified>", INT32_MAX},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.document);
+        const ProtocolPaused paused(std::string("<?xml version='1.0' ?>") + c.document);
+        EXPECT_EQ(paused.Path, c.path);
+        EXPECT_EQ(paused.PauseType, c.pauseType);
+    }
 }
 
 TEST(ProtocolPausedText, NotADocumentThrowsTheParserException) {
@@ -94,22 +100,6 @@ TEST(ProtocolPausedText, NotADocumentThrowsTheParserException) {
     }
 }
 
-TEST(ProtocolPausedText, NumberTextReadsAsItsLeadingNumberOrZero) {
-    struct Case {
-        const char *value;
-        int expected;
-    };
-    const Case cases[] = {{"12abc", 12}, {"abc", 0}, {"", 0}, {" 7", 7}, {"-2147483649", INT32_MIN},
-                          {"99999999999999999999999", INT32_MAX}, {"5\xC3\xA9", 5}, {"0x1F", 0}};
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.value);
-        XMLParser::XMLNode node;
-        node.name = "ProtocolPaused";
-        node.attributes["PauseType"] = c.value;
-        EXPECT_EQ(ProtocolPaused(node).PauseType, c.expected);
-    }
-}
-
 TEST(ProtocolPausedFile, WrittenToAFileAndReadBack) {
     marshal_test::TempDir dir;
     const std::string path = (dir.path() / "sub" / "paused.xml").string();
@@ -126,10 +116,6 @@ TEST(ProtocolPausedFile, WrittenToAFileAndReadBack) {
     ASSERT_EQ(reader.children.size(), 1u);
     const ProtocolPaused back(reader.children.front());
     EXPECT_TRUE(back == paused);
-
-    std::ifstream file(path);
-    const std::string onDisk((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    EXPECT_EQ(ProtocolPaused(onDisk).Path, paused.Path);
 }
 
 TEST(ProtocolPausedFrame, CloneAndClassName) {
@@ -139,9 +125,7 @@ TEST(ProtocolPausedFrame, CloneAndClassName) {
     const auto *typed = dynamic_cast<const ProtocolPaused *>(copy.get());
     ASSERT_NE(typed, nullptr);
     EXPECT_TRUE(*typed == paused);
-    EXPECT_EQ(paused.GetClassName(), "ProtocolPaused");
-    EXPECT_EQ(&paused.GetClassName(), &ProtocolPaused().GetClassName());
-    EXPECT_EQ(paused.ToXMLNode().name, paused.GetClassName());
+    EXPECT_EQ(&paused.GetClassName(), &ProtocolPaused().GetClassName());  // one shared name
 }
 
 TEST(ProtocolPausedObjectInstance, ShowsEveryFieldUnderProperties) {
@@ -228,10 +212,12 @@ TEST(SampleRecord, ListsAndChildrenAreWrittenInTableOrder) {
               "\t\t</Items>\n"
               "\t\t<Item Count='0' Label='only' />\n"
               "\t</Sample>");
-    const Sample back(sample.ToXMLString());
+    Sample back(sample.ToXMLString());
     EXPECT_TRUE(back == sample);
-    EXPECT_EQ(back.Names, sample.Names);
-    EXPECT_EQ(back.Items.size(), 2u);
+    back.Secret = "differs";  // not compared
+    EXPECT_TRUE(back == sample);
+    back.Numbers.pop_back();
+    EXPECT_FALSE(back == sample);
 }
 
 TEST(SampleRecord, DoublesGoOutWithSixDigitsAndComeBackSo) {
@@ -306,15 +292,10 @@ TEST(SampleRecord, DerivedRecordWritesBaseFieldsFirstUnderItsOwnName) {
     SampleRecords::LabelledItem item;
     item.Label = "L";
     item.Count = 4;
-    EXPECT_EQ(RecordText(item.ToXMLString()), "\t<LabelledItem Count='4' Extra='extra' Label='L' />");
-    ObjectInstance instance;
-    item.ToObjectInstance(instance);
-    const std::vector<ParameterRow> expected = {
-        {"Properties", "Label", 1, "L", ""},
-        {"Properties", "Count", 8, "4", ""},
-        {"Properties", "Extra", 1, "extra", ""},
-    };
-    EXPECT_EQ(marshal_test::Rows(instance), expected);
+    ExpectTextAndRows(item, "\t<LabelledItem Count='4' Extra='extra' Label='L' />",
+                      {{"Properties", "Label", 1, "L", ""},
+                       {"Properties", "Count", 8, "4", ""},
+                       {"Properties", "Extra", 1, "extra", ""}});
     SampleRecords::LabelledItem back(item.ToXMLNode());
     EXPECT_TRUE(back == item);
     back.Count = 5;
@@ -322,26 +303,14 @@ TEST(SampleRecord, DerivedRecordWritesBaseFieldsFirstUnderItsOwnName) {
     EXPECT_EQ(item.GetClassName(), "LabelledItem");
 }
 
-TEST(SampleRecord, EqualityIgnoresOnlyUncomparedFields) {
-    Sample a, b;
-    b.Secret = "differs";
-    EXPECT_TRUE(a == b);
-    b.Numbers.push_back(1);
-    EXPECT_FALSE(a == b);
-}
-
 TEST(SampleRecord, HandWrittenPropertyBagBesideTheGeneratedFrame) {
     SampleRecords::Versioned versioned;
     versioned.Version = "7.2";
     versioned.Revision = 3;
-    EXPECT_EQ(RecordText(versioned.ToXMLString()), "\t<Versioned Revision='3' Version='7.2' />");
+    ExpectTextAndRows(versioned, "\t<Versioned Revision='3' Version='7.2' />",
+                      {{"Properties", "Version", 1, "1.0", ""}, {"Properties", "Revision", 8, "3", ""}});
     ObjectInstance instance;
     versioned.ToObjectInstance(instance);
-    const std::vector<ParameterRow> expected = {
-        {"Properties", "Version", 1, "1.0", ""},
-        {"Properties", "Revision", 8, "3", ""},
-    };
-    EXPECT_EQ(marshal_test::Rows(instance), expected);
     SampleRecords::Versioned back;
     back.FromObjectInstance(instance);
     EXPECT_EQ(back.Version, "");
