@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "qor/platform.h"
+#include "ThreadHelpers.h"
 
 namespace {
 
@@ -47,19 +47,12 @@ TEST(Messages, PumpingWaitWakesForMessagesAndRunsThemWhileWaiting) {
     const DWORD self = GetCurrentThreadId();
     std::vector<UINT> seen;
     Pump(seen);
-    // The worker only signals after the waiting thread has served its
-    // message: a wait that did not pump would never end.
     HANDLE served = CreateEvent(nullptr, FALSE, FALSE, nullptr);
     qor::SetThreadMessageHandler([&](const MSG &msg) -> LRESULT {
         if (msg.message == kPing) SetEvent(served);
         return 0;
     });
-    HANDLE worker = qor::BeginThread([&]() -> DWORD {
-        PostThreadMessage(self, kPing, 0, 0);
-        WaitForSingleObject(served, INFINITE);
-        SetEvent(done);
-        return 0;
-    });
+    HANDLE worker = threadtest::StartPoster(self, kPing, 1, served, done);
     for (;;) {
         const DWORD result = MsgWaitForMultipleObjects(1, &done, FALSE, INFINITE, QS_ALLINPUT);
         if (result == WAIT_OBJECT_0) break;

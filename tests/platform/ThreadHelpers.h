@@ -44,4 +44,18 @@ inline bool OtherThreadCanTake(HANDLE mutex) {
     return result == WAIT_OBJECT_0;
 }
 
+// A thread that posts `count` messages to thread `target`, after each waiting
+// for `served` (which the target's handler sets), then signals `done`: only a
+// wait that serves the target's messages sees it finish.
+inline HANDLE StartPoster(DWORD target, UINT message, int count, HANDLE served, HANDLE done) {
+    return qor::BeginThread([=]() -> DWORD {
+        for (int i = 0; i < count; ++i) {
+            PostThreadMessage(target, message, i, 0);
+            WaitForSingleObject(served, INFINITE);
+        }
+        SetEvent(done);
+        return 0;
+    });
+}
+
 }  // namespace threadtest

@@ -103,14 +103,7 @@ TEST(AlertablePumpingSleep, DispatchesMessagesWhileItWaits) {
         SetEvent(served);
         return 0;
     });
-    HANDLE worker = qor::BeginThread([&]() -> DWORD {
-        for (int i = 0; i < 3; ++i) {
-            PostThreadMessage(self, WM_USER + 1, i, 0);
-            WaitForSingleObject(served, INFINITE);
-        }
-        SetEvent(done);
-        return 0;
-    });
+    HANDLE worker = threadtest::StartPoster(self, WM_USER + 1, 3, served, done);
     AlertablePumpingSleep(done);
     EXPECT_EQ(handled, 3);
     qor::SetThreadMessageHandler(nullptr);
