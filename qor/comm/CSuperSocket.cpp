@@ -125,10 +125,8 @@ bool CSuperSocket::CloseHandleOf(unsigned generation) {
 
 // --- Opening -----------------------------------------------------------------
 
-void CSuperSocket::CreateUDPSocket(unsigned short port) {
-    Guard guard(lock);
-    if (socket >= 0) Fail("CSuperSocket::CreateUDPSocket::socket already open");
-    const int handle = ::socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+int CSuperSocket::OpenBoundSocket(int type, unsigned short port, const char *bindFailure) {
+    const int handle = ::socket(AF_INET, type | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     if (handle < 0) FailWithErrno("CSuperSocket::Listen::socket::");
     sockaddr_in local{};
     local.sin_family = AF_INET;
@@ -137,8 +135,15 @@ void CSuperSocket::CreateUDPSocket(unsigned short port) {
     if (::bind(handle, reinterpret_cast<sockaddr *>(&local), sizeof local) != 0) {
         const int error = errno;
         Adopt(handle, 0);  // kept, as a failed opening leaves it
-        FailWithErrno("CSuperSocket::CreateUDPSocket::bind::", error);
+        FailWithErrno(bindFailure, error);
     }
+    return handle;
+}
+
+void CSuperSocket::CreateUDPSocket(unsigned short port) {
+    Guard guard(lock);
+    if (socket >= 0) Fail("CSuperSocket::CreateUDPSocket::socket already open");
+    const int handle = OpenBoundSocket(SOCK_DGRAM, port, "CSuperSocket::CreateUDPSocket::bind::");
     isUDP = true;
     Adopt(handle, kUdpSelection);
 }
@@ -146,17 +151,7 @@ void CSuperSocket::CreateUDPSocket(unsigned short port) {
 void CSuperSocket::Listen(unsigned short port) {
     Guard guard(lock);
     if (socket >= 0) Fail("CSuperSocket::Listen::socket already open");
-    const int handle = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    if (handle < 0) FailWithErrno("CSuperSocket::Listen::socket::");
-    sockaddr_in local{};
-    local.sin_family = AF_INET;
-    local.sin_addr.s_addr = htonl(INADDR_ANY);
-    local.sin_port = htons(port);
-    if (::bind(handle, reinterpret_cast<sockaddr *>(&local), sizeof local) != 0) {
-        const int error = errno;
-        Adopt(handle, 0);
-        FailWithErrno("CSuperSocket::Listen::bind::", error);
-    }
+    const int handle = OpenBoundSocket(SOCK_STREAM, port, "CSuperSocket::Listen::bind::");
     if (::listen(handle, 0x7FFFFFFF) != 0) {
         const int error = errno;
         Adopt(handle, 0);

@@ -166,6 +166,12 @@ private:
     // Installs a new handle (under lock). `selected` 0 parks a handle that
     // failed to open: it is kept, but the thread does not watch it.
     void Adopt(int handle, unsigned selected, bool listening = false);
+    // Opens a non-blocking socket of `type` bound to `port` on every interface
+    // (under lock); a failed bind parks the handle and throws `bindFailure`.
+    int OpenBoundSocket(int type, unsigned short port, const char *bindFailure);
+    // Checks that the socket can Receive, arms the read condition again, and
+    // gives the count of bytes waiting (under lock).
+    unsigned int WaitingForReceive();
     // Closes the handle if it is still that of `generation` (under lock).
     bool CloseHandleOf(unsigned generation);
 

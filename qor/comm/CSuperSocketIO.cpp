@@ -99,8 +99,7 @@ unsigned int CSuperSocket::ReceiveInt(unsigned char *buffer, unsigned int length
     return static_cast<unsigned int>(n);
 }
 
-unsigned int CSuperSocket::Receive(unsigned char *buffer, unsigned int length) {
-    Guard guard(lock);
+unsigned int CSuperSocket::WaitingForReceive() {
     if (socket < 0) Fail("CSuperSocket::Receive::socket not open");
     if (isUDP) Fail("CSuperSocket::Receive::can't Receive on UDP socket : use ReceiveFrom");
     if (!networkEvent.readArmed) {
@@ -109,20 +108,17 @@ unsigned int CSuperSocket::Receive(unsigned char *buffer, unsigned int length) {
     }
     int waiting = 0;
     if (::ioctl(socket, FIONREAD, &waiting) != 0) FailWithErrno("CSuperSocket::Receive::ioctlsocket::");
-    return ReceiveInt(buffer, std::min(static_cast<unsigned int>(waiting), length));
+    return static_cast<unsigned int>(waiting);
+}
+
+unsigned int CSuperSocket::Receive(unsigned char *buffer, unsigned int length) {
+    Guard guard(lock);
+    return ReceiveInt(buffer, std::min(WaitingForReceive(), length));
 }
 
 unsigned int CSuperSocket::Receive(std::string &data, unsigned int maximum) {
     Guard guard(lock);
-    if (socket < 0) Fail("CSuperSocket::Receive::socket not open");
-    if (isUDP) Fail("CSuperSocket::Receive::can't Receive on UDP socket : use ReceiveFrom");
-    if (!networkEvent.readArmed) {
-        networkEvent.readArmed = true;
-        Wake();
-    }
-    int waiting = 0;
-    if (::ioctl(socket, FIONREAD, &waiting) != 0) FailWithErrno("CSuperSocket::Receive::ioctlsocket::");
-    unsigned int wanted = static_cast<unsigned int>(waiting);
+    unsigned int wanted = WaitingForReceive();
     if (maximum != 0) wanted = std::min(wanted, maximum);
     if (wanted == 0) return 0;
     std::vector<unsigned char> buffer(wanted);
