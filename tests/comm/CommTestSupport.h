@@ -1,6 +1,7 @@
 // Shared helpers of the device-communication tests: counts of open descriptors
 // and threads that tell whether something leaked, bounded waits for a
-// condition, and a loopback TCP peer that plays an instrument.
+// condition, a loopback TCP peer that plays an instrument, and a subscriber
+// that records what it hears.
 #pragma once
 
 #include <arpa/inet.h>
@@ -20,6 +21,8 @@
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "qor/comm/QorDeviceComm.h"
 
 namespace comm_test {
 
@@ -164,6 +167,18 @@ inline void ResetConnection(int fd) {
     ::close(fd);
 }
 
+// A TCP socket bound to a free port on 127.0.0.1; `address` gets that port.
+inline int BoundLoopbackSocket(sockaddr_in &address) {
+    const int fd = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    address = sockaddr_in{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    ::bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address);
+    socklen_t size = sizeof address;
+    ::getsockname(fd, reinterpret_cast<sockaddr *>(&address), &size);
+    return fd;
+}
+
 // A TCP peer on 127.0.0.1 that plays an instrument: it accepts connections one
 // after the other on a thread of its own and runs `session` on each, closing
 // the connection when the session returns (unless the session closed it and
@@ -173,14 +188,9 @@ public:
     using Session = std::function<void(int &fd, LoopbackDevice &device)>;
 
     explicit LoopbackDevice(Session session, int backlog = 16) : session_(std::move(session)) {
-        listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        ::bind(listener_, reinterpret_cast<sockaddr *>(&address), sizeof address);
+        sockaddr_in address;
+        listener_ = BoundLoopbackSocket(address);
         ::listen(listener_, backlog);
-        socklen_t size = sizeof address;
-        ::getsockname(listener_, reinterpret_cast<sockaddr *>(&address), &size);
         port_ = ntohs(address.sin_port);
         stop_ = ::eventfd(0, EFD_CLOEXEC);
         thread_ = std::thread([this] { Run(); });
@@ -236,14 +246,8 @@ private:
 
 // A port on 127.0.0.1 where nothing listens (bound, then closed).
 inline unsigned short RefusingPort() {
-    const int fd = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    ::bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address);
-    socklen_t size = sizeof address;
-    ::getsockname(fd, reinterpret_cast<sockaddr *>(&address), &size);
-    ::close(fd);
+    sockaddr_in address;
+    ::close(BoundLoopbackSocket(address));
     return ntohs(address.sin_port);
 }
 
@@ -252,14 +256,9 @@ inline unsigned short RefusingPort() {
 class SilentListener {
 public:
     SilentListener() {
-        listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        ::bind(listener_, reinterpret_cast<sockaddr *>(&address), sizeof address);
+        sockaddr_in address;
+        listener_ = BoundLoopbackSocket(address);
         ::listen(listener_, 0);
-        socklen_t size = sizeof address;
-        ::getsockname(listener_, reinterpret_cast<sockaddr *>(&address), &size);
         port_ = ntohs(address.sin_port);
         // Fill the accept queue so later handshakes go unanswered.
         for (int i = 0; i < 2; ++i) {
@@ -282,6 +281,101 @@ private:
     int listener_ = -1;
     unsigned short port_ = 0;
     std::vector<int> fillers_;
+};
+
+// An instrument that answers each frame with what `answer` returns, and
+// keeps every frame it received.
+class Instrument {
+public:
+    using Answer = std::function<std::vector<WireFrame>(const WireFrame &request)>;
+
+    // Runs first on each connection; true ends that connection at once.
+    using Opening = std::function<bool(int &fd)>;
+
+    explicit Instrument(Answer answer, Opening opening = {})
+        : answer_(std::move(answer)), opening_(std::move(opening)),
+          device_([this](int &fd, LoopbackDevice &d) { Serve(fd, d); }) {}
+
+    unsigned short Port() const { return device_.Port(); }
+    void Stop() { device_.Stop(); }
+    std::vector<WireFrame> Received() {
+        std::lock_guard<std::mutex> guard(mutex_);
+        return received_;
+    }
+    std::size_t Count() {
+        std::lock_guard<std::mutex> guard(mutex_);
+        return received_.size();
+    }
+    // Sends a frame unasked (on the current connection).
+    void Push(unsigned char command, const Bytes &payload) {
+        std::lock_guard<std::mutex> guard(mutex_);
+        if (fd_ >= 0) comm_test::WriteAll(fd_, comm_test::EthernetBytes(command, payload));
+    }
+    bool Connected() {
+        std::lock_guard<std::mutex> guard(mutex_);
+        return fd_ >= 0;
+    }
+
+private:
+    void Serve(int &fd, LoopbackDevice &device) {
+        if (opening_ && opening_(fd)) return;
+        {
+            std::lock_guard<std::mutex> guard(mutex_);
+            fd_ = fd;
+        }
+        while (!device.Stopping()) {
+            if (!device.WaitReadable(fd, 50)) continue;
+            WireFrame frame;
+            if (!comm_test::ReadEthernetFrame(fd, frame)) break;
+            std::lock_guard<std::mutex> guard(mutex_);
+            received_.push_back(frame);
+            for (const WireFrame &reply : answer_(frame))
+                comm_test::WriteAll(fd, comm_test::EthernetBytes(reply.command, reply.payload));
+        }
+        std::lock_guard<std::mutex> guard(mutex_);
+        fd_ = -1;
+    }
+
+    Answer answer_;
+    Opening opening_;
+    std::mutex mutex_;
+    std::vector<WireFrame> received_;
+    int fd_ = -1;
+    LoopbackDevice device_;
+};
+
+// Everything a subscriber of a QorDeviceComm hears, in order.
+class Listener : public QorDeviceCommSubscriber {
+public:
+    struct Heard {
+        char kind;  // 'L' long, 'S' short
+        unsigned char command;
+        Bytes data;
+    };
+    void onLongMessage(unsigned char command, const std::vector<unsigned char> &data) override {
+        Add({'L', command, data});
+    }
+    void onShortMessage(unsigned char command, const std::vector<unsigned char> &data) override {
+        Add({'S', command, data});
+    }
+    void onCommError() override { ++errors; }
+    std::vector<Heard> Got() {
+        std::lock_guard<std::mutex> guard(mutex_);
+        return heard_;
+    }
+    std::size_t Count() {
+        std::lock_guard<std::mutex> guard(mutex_);
+        return heard_.size();
+    }
+    std::atomic<int> errors{0};
+
+private:
+    void Add(Heard h) {
+        std::lock_guard<std::mutex> guard(mutex_);
+        heard_.push_back(std::move(h));
+    }
+    std::mutex mutex_;
+    std::vector<Heard> heard_;
 };
 
 }  // namespace comm_test

@@ -14,98 +14,13 @@
 namespace devicecomm_test {
 
 using comm_test::Bytes;
+using comm_test::Instrument;
+using comm_test::Listener;
 using comm_test::LoopbackDevice;
 using comm_test::ResourceCheck;
 using comm_test::Signal;
 using comm_test::WaitUntil;
 using comm_test::WireFrame;
-
-// An instrument that answers each frame with what `answer` returns, and
-// keeps every frame it received.
-class Instrument {
-public:
-    using Answer = std::function<std::vector<WireFrame>(const WireFrame &request)>;
-
-    explicit Instrument(Answer answer)
-        : answer_(std::move(answer)), device_([this](int &fd, LoopbackDevice &d) { Serve(fd, d); }) {}
-
-    unsigned short Port() const { return device_.Port(); }
-    std::vector<WireFrame> Received() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return received_;
-    }
-    std::size_t Count() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return received_.size();
-    }
-    // Sends a frame unasked (on the current connection).
-    void Push(unsigned char command, const Bytes &payload) {
-        std::lock_guard<std::mutex> guard(mutex_);
-        if (fd_ >= 0) comm_test::WriteAll(fd_, comm_test::EthernetBytes(command, payload));
-    }
-    bool Connected() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return fd_ >= 0;
-    }
-
-private:
-    void Serve(int &fd, LoopbackDevice &device) {
-        {
-            std::lock_guard<std::mutex> guard(mutex_);
-            fd_ = fd;
-        }
-        while (!device.Stopping()) {
-            if (!device.WaitReadable(fd, 50)) continue;
-            WireFrame frame;
-            if (!comm_test::ReadEthernetFrame(fd, frame)) break;
-            std::lock_guard<std::mutex> guard(mutex_);
-            received_.push_back(frame);
-            for (const WireFrame &reply : answer_(frame))
-                comm_test::WriteAll(fd, comm_test::EthernetBytes(reply.command, reply.payload));
-        }
-        std::lock_guard<std::mutex> guard(mutex_);
-        fd_ = -1;
-    }
-
-    Answer answer_;
-    std::mutex mutex_;
-    std::vector<WireFrame> received_;
-    int fd_ = -1;
-    LoopbackDevice device_;
-};
-
-class Listener : public QorDeviceCommSubscriber {
-public:
-    struct Heard {
-        char kind;  // 'L' long, 'S' short
-        unsigned char command;
-        Bytes data;
-    };
-    void onLongMessage(unsigned char command, const std::vector<unsigned char> &data) override {
-        Add({'L', command, data});
-    }
-    void onShortMessage(unsigned char command, const std::vector<unsigned char> &data) override {
-        Add({'S', command, data});
-    }
-    void onCommError() override { ++errors; }
-    std::vector<Heard> Got() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return heard_;
-    }
-    std::size_t Count() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return heard_.size();
-    }
-    std::atomic<int> errors{0};
-
-private:
-    void Add(Heard h) {
-        std::lock_guard<std::mutex> guard(mutex_);
-        heard_.push_back(std::move(h));
-    }
-    std::mutex mutex_;
-    std::vector<Heard> heard_;
-};
 
 std::vector<WireFrame> Echo(const WireFrame &request) { return {request}; }
 
@@ -316,22 +231,6 @@ TEST(DeviceComm, SubscriptionsDeliverAsOftenAsTheyWereMade) {
     comm.notify(0x10, Bytes{}, true);
     EXPECT_EQ(one.Count(), 4u);
     EXPECT_EQ(all.Count(), 5u);
-}
-
-TEST(DeviceComm, ConnectFailureLeavesNoConnection) {
-    ResourceCheck resources;
-    {
-        QorDeviceComm comm;
-        try {
-            comm.connect("127.0.0.1", comm_test::RefusingPort());
-            FAIL();
-        } catch (const QorDeviceCommException &e) {
-            EXPECT_EQ(e.message, "Failed to connect to device via Ethernet");
-        }
-        EXPECT_FALSE(comm.isConnected());
-        EXPECT_THROW(comm.sendCommand(0x20, Bytes{}, false, nullptr), QorDeviceCommException);
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
 }
 
 TEST(DeviceComm, TakesALinkItIsGivenAndSurvivesAFailedSerialOpen) {

@@ -14,51 +14,40 @@
 namespace ethernet_test {
 
 using comm_test::Bytes;
+using comm_test::Instrument;
+using comm_test::Listener;
 using comm_test::LoopbackDevice;
 using comm_test::ResourceCheck;
 using comm_test::Signal;
 using comm_test::WaitUntil;
 using comm_test::WireFrame;
 
-class Inbox : public QorDeviceCommSubscriber {
-public:
-    void onLongMessage(unsigned char command, const std::vector<unsigned char> &data) override {
-        std::lock_guard<std::mutex> guard(mutex_);
-        messages_.push_back({command, data});
-    }
-    void onShortMessage(unsigned char, const std::vector<unsigned char> &) override { ++shorts; }
-    void onCommError() override { ++errors; }
-    std::vector<WireFrame> Messages() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return messages_;
-    }
-    std::size_t Count() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return messages_.size();
-    }
-    std::atomic<int> shorts{0}, errors{0};
+// An instrument that only listens.
+std::vector<WireFrame> NoAnswer(const WireFrame &) { return {}; }
 
-private:
-    std::mutex mutex_;
-    std::vector<WireFrame> messages_;
-};
-
-// Runs `script` on each connection; the script writes raw bytes as it likes.
-struct ScriptedDevice {
-    explicit ScriptedDevice(LoopbackDevice::Session script) : device(std::move(script)) {}
-    LoopbackDevice device;
-};
+// Connects, then the device hangs up and stops listening: the link is gone
+// and every reconnect is refused.
+void ConnectToAVanishingDevice(QorDeviceComm &comm) {
+    Signal go;
+    LoopbackDevice device([&](int &, LoopbackDevice &) { go.Wait(); });
+    comm.connect("127.0.0.1", device.Port());
+    go.Set();
+    device.Stop();
+    ASSERT_TRUE(WaitUntil([&] { return !comm.isConnected(); }));
+}
 
 TEST(Ethernet, RefusedAndSilentDevicesGiveTheirTexts) {
     ResourceCheck resources;
     {
         QorDeviceComm comm;
         try {
-            QorEthernetConnection refused("127.0.0.1", comm_test::RefusingPort(), &comm);
+            comm.connect("127.0.0.1", comm_test::RefusingPort());
             ADD_FAILURE() << "connected to a closed port";
         } catch (const QorDeviceCommException &e) {
             EXPECT_EQ(e.message, "Failed to connect to device via Ethernet");
         }
+        EXPECT_FALSE(comm.isConnected());
+        EXPECT_THROW(comm.sendCommand(0x20, Bytes{}, false, nullptr), QorDeviceCommException);
         comm_test::SilentListener silent;
         try {
             QorEthernetConnection timedOut("127.0.0.1", silent.Port(), &comm);
@@ -90,35 +79,24 @@ TEST(Ethernet, ReadsFramesOfEverySizeInAnyChunking) {
             while (!d.Stopping()) d.WaitReadable(fd, 50);
         });
         QorDeviceComm comm;
-        Inbox inbox;
+        Listener inbox;
         comm.subscribe(inbox);
         comm.connect("127.0.0.1", device.Port());
         ASSERT_TRUE(WaitUntil([&] { return inbox.Count() == 5; }));
-        const auto got = inbox.Messages();
-        EXPECT_EQ(got[0].command, 0x01);
-        EXPECT_TRUE(got[0].payload.empty());
-        EXPECT_EQ(got[1].payload, (Bytes{1, 2, 3}));
-        EXPECT_EQ(got[2].payload, Bytes{4});
-        EXPECT_EQ(got[3].payload, (Bytes{5, 6}));
-        EXPECT_EQ(got[4].payload, huge);
-        EXPECT_EQ(inbox.shorts, 0);
+        const auto got = inbox.Got();
+        const Bytes expected[] = {{}, {1, 2, 3}, {4}, {5, 6}, huge};
+        for (int i = 0; i < 5; ++i) {
+            EXPECT_EQ(got[i].kind, 'L');
+            EXPECT_EQ(got[i].command, i + 1);
+            EXPECT_EQ(got[i].data, expected[i]) << i;
+        }
         device.Stop();
     }
     EXPECT_TRUE(resources.Clean()) << resources.Report();
 }
 
 TEST(Ethernet, SendPutsFramesOnTheWire) {
-    std::vector<WireFrame> frames;
-    std::mutex mutex;
-    LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
-        while (!d.Stopping()) {
-            if (!d.WaitReadable(fd, 50)) continue;
-            WireFrame frame;
-            if (!comm_test::ReadEthernetFrame(fd, frame)) return;
-            std::lock_guard<std::mutex> guard(mutex);
-            frames.push_back(frame);
-        }
-    });
+    Instrument device(NoAnswer);
     QorDeviceComm comm;
     comm.connect("127.0.0.1", device.Port());
     const unsigned char bytes[] = {7, 8};
@@ -127,11 +105,8 @@ TEST(Ethernet, SendPutsFramesOnTheWire) {
     comm.sendCommand(0x11, nullptr, 5, false, &reconnects);  // nothing at all
     comm.sendCommand(0x12, bytes, 2, true, &reconnects);
     comm.sendCommand(0x13, Bytes(300, 1), false, &reconnects);
-    ASSERT_TRUE(WaitUntil([&] {
-        std::lock_guard<std::mutex> guard(mutex);
-        return frames.size() == 3;
-    }));
-    std::lock_guard<std::mutex> guard(mutex);
+    ASSERT_TRUE(WaitUntil([&] { return device.Count() == 3; }));
+    const auto frames = device.Received();
     EXPECT_EQ(frames[0].command, 0x10);
     EXPECT_TRUE(frames[0].payload.empty());
     EXPECT_EQ(frames[1].command, 0x12);
@@ -153,11 +128,11 @@ TEST(Ethernet, IncompleteFramesAreDroppedAndTheStreamGoesOn) {
             while (!d.Stopping()) d.WaitReadable(fd, 50);
         });
         QorDeviceComm comm;
-        Inbox inbox;
+        Listener inbox;
         comm.subscribe(inbox);
         comm.connect("127.0.0.1", device.Port());
         ASSERT_TRUE(WaitUntil([&] { return inbox.Count() == 1; }));
-        EXPECT_EQ(inbox.Messages()[0].command, 0x21);
+        EXPECT_EQ(inbox.Got()[0].command, 0x21);
         EXPECT_EQ(inbox.errors, 0);  // no notice on this link
         device.Stop();
     }
@@ -169,29 +144,19 @@ TEST(Ethernet, PeerClosingOrResettingMidFrameThenReconnect) {
         ResourceCheck resources;
         {
             std::atomic<int> sessions{0};
-            std::vector<WireFrame> frames;
-            std::mutex mutex;
             Signal go;
-            LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
-                if (++sessions == 1) {
-                    go.Wait();
-                    comm_test::WriteAll(fd, Bytes{0x30, 200, 0, 1, 2});
-                    if (reset) {
-                        comm_test::ResetConnection(fd);
-                        fd = -1;
-                    }
-                    return;
+            Instrument device(NoAnswer, [&](int &fd) {
+                if (++sessions > 1) return false;
+                go.Wait();
+                comm_test::WriteAll(fd, Bytes{0x30, 200, 0, 1, 2});
+                if (reset) {
+                    comm_test::ResetConnection(fd);
+                    fd = -1;
                 }
-                while (!d.Stopping()) {
-                    if (!d.WaitReadable(fd, 50)) continue;
-                    WireFrame frame;
-                    if (!comm_test::ReadEthernetFrame(fd, frame)) return;
-                    std::lock_guard<std::mutex> guard(mutex);
-                    frames.push_back(frame);
-                }
+                return true;
             });
             QorDeviceComm comm;
-            Inbox inbox;
+            Listener inbox;
             comm.subscribe(inbox);
             comm.connect("127.0.0.1", device.Port());
             go.Set();
@@ -204,11 +169,8 @@ TEST(Ethernet, PeerClosingOrResettingMidFrameThenReconnect) {
             comm.sendCommand(0x31, Bytes{1}, false, &reconnects);
             EXPECT_EQ(reconnects, 1);
             EXPECT_TRUE(comm.isConnected());
-            ASSERT_TRUE(WaitUntil([&] {
-                std::lock_guard<std::mutex> guard(mutex);
-                return frames.size() == 1;
-            }));
-            EXPECT_EQ(frames[0].command, 0x31);
+            ASSERT_TRUE(WaitUntil([&] { return device.Count() == 1; }));
+            EXPECT_EQ(device.Received()[0].command, 0x31);
             device.Stop();
         }
         EXPECT_TRUE(resources.Clean()) << resources.Report() << (reset ? " reset" : " close");
@@ -218,13 +180,8 @@ TEST(Ethernet, PeerClosingOrResettingMidFrameThenReconnect) {
 TEST(Ethernet, SendGivesUpAfterSixAttemptsWithTheLastReason) {
     ResourceCheck resources;
     {
-        Signal go;
-        LoopbackDevice device([&](int &, LoopbackDevice &) { go.Wait(); });
         QorDeviceComm comm;
-        comm.connect("127.0.0.1", device.Port());
-        go.Set();
-        device.Stop();  // the session closed the connection; now nothing listens
-        ASSERT_TRUE(WaitUntil([&] { return !comm.isConnected(); }));
+        ConnectToAVanishingDevice(comm);
         int reconnects = 0;
         try {
             comm.sendCommand(0x40, Bytes{1}, false, &reconnects);
@@ -245,13 +202,8 @@ TEST(Ethernet, SendGivesUpAfterSixAttemptsWithTheLastReason) {
 TEST(Ethernet, WaitingSendCommandSurvivesALinkFailure) {
     // The waiting call lets the link's exception through and frees its locks:
     // the object is usable again afterwards.
-    Signal go;
-    LoopbackDevice device([&](int &, LoopbackDevice &) { go.Wait(); });
     QorDeviceComm comm;
-    comm.connect("127.0.0.1", device.Port());
-    go.Set();
-    device.Stop();
-    ASSERT_TRUE(WaitUntil([&] { return !comm.isConnected(); }));
+    ConnectToAVanishingDevice(comm);
     Bytes reply;
     EXPECT_THROW(comm.sendCommand(0x50, Bytes{}, 100, 0x51, reply, false, nullptr),
                  CSuperSocketException);

@@ -20,6 +20,15 @@ bool OpenDefault(CSerial &serial, const PtyLine &line) {
     return serial.Open(static_cast<short>(line.port), 9600, 8, 0, 0, 0);
 }
 
+// A port opened at 9600 8N1 on a fresh pseudo-terminal.
+class OpenLine : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(OpenDefault(serial, line)); }
+    PtyLine line;
+    CSerial serial;
+};
+using OpenLineHistory = OpenLine;
+
 TEST(SerialPort, OpensMappedLineAndClosesToPortZero) {
     PtyLine line;
     ASSERT_TRUE(line.Ok());
@@ -82,12 +91,9 @@ TEST(SerialPort, UnmappedOrMissingDeviceFailsToOpen) {
     EXPECT_EQ(qor::SerialPortPath(1), "/dev/ttyS0");
 }
 
-TEST(SerialPort, LineIsRawBothWays) {
+TEST_F(OpenLine, LineIsRawBothWays) {
     // Bytes a cooked line would eat or change: interrupt, XON/XOFF, CR/LF, NUL, EOF.
     const std::string awkward = Bytes({0x03, 0x11, 0x13, '\r', '\n', 0x00, 0x04, 0x7F, 0xFF, 0x1A});
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
     ASSERT_TRUE(serial.write(awkward));
     EXPECT_EQ(line.Read(awkward.size()), awkward);
     line.Write(awkward);
@@ -114,10 +120,7 @@ TEST(SerialPort, ClosedPortReadsNothingAndWritesFail) {
     EXPECT_FALSE(serial.SetCommTimeouts(timeouts));
 }
 
-TEST(SerialPort, TerminatorReadPushesBackWhatFollows) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, TerminatorReadPushesBackWhatFollows) {
     line.Write("xxOKyy");
     EXPECT_EQ(serial.read(200, std::string("OK"), true), "xxOK");
     EXPECT_EQ(serial.bytesinserialqueue(), 2u);
@@ -125,10 +128,7 @@ TEST(SerialPort, TerminatorReadPushesBackWhatFollows) {
     EXPECT_EQ(serial.read(2, 200, received), "yy");
 }
 
-TEST(SerialPort, TerminatorReadWithoutTerminatorKeepsEverything) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, TerminatorReadWithoutTerminatorKeepsEverything) {
     line.Write("xx");
     EXPECT_EQ(serial.read(100, std::string("OK"), true), "");
     line.Write("OKzz");
@@ -137,10 +137,7 @@ TEST(SerialPort, TerminatorReadWithoutTerminatorKeepsEverything) {
     EXPECT_EQ(serial.read(200, std::string("zz"), false), "Kzz");
 }
 
-TEST(SerialPort, TerminatorReadWithoutPushBackReturnsAll) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, TerminatorReadWithoutPushBackReturnsAll) {
     line.Write("abc\rdef");
     std::string got = serial.read("\n\r", 200, false);
     // all that had arrived, terminator or not
@@ -148,10 +145,7 @@ TEST(SerialPort, TerminatorReadWithoutPushBackReturnsAll) {
     EXPECT_EQ(serial.bytesinserialqueue(), 0u);
 }
 
-TEST(SerialPort, CharacterSetReadStopsAtAnyMember) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, CharacterSetReadStopsAtAnyMember) {
     line.Write("12;34,56");
     EXPECT_EQ(serial.read(",;", 200, true), "12;");
     EXPECT_EQ(serial.read(",;", 200, true), "34,");
@@ -159,10 +153,7 @@ TEST(SerialPort, CharacterSetReadStopsAtAnyMember) {
     EXPECT_EQ(serial.read(nullptr, 50, true), "56");
 }
 
-TEST(SerialPort, CountReadGathersPiecesAndStopsAtTimeout) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, CountReadGathersPiecesAndStopsAtTimeout) {
     std::thread device([&] {
         line.Write("abc");
         line.Read(1);  // wait for the host's go
@@ -180,10 +171,7 @@ TEST(SerialPort, CountReadGathersPiecesAndStopsAtTimeout) {
     EXPECT_EQ(received, 0u);
 }
 
-TEST(SerialPort, TimedReadTakesEverythingInTheTime) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, TimedReadTakesEverythingInTheTime) {
     line.Write("ab");
     EXPECT_EQ(serial.read(30ul, std::string("b"), true), "ab");
     line.Write("cdOKe");
@@ -192,10 +180,7 @@ TEST(SerialPort, TimedReadTakesEverythingInTheTime) {
     EXPECT_EQ(serial.read(60), "efg");
 }
 
-TEST(SerialPort, PurgeRXDropsPushedBackAndWaitingBytes) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, PurgeRXDropsPushedBackAndWaitingBytes) {
     line.Write("abOKcd");
     EXPECT_EQ(serial.read(200, std::string("OK"), true), "abOK");
     line.Write("ef");
@@ -234,32 +219,17 @@ struct PingDevice {
     }
 };
 
-TEST(SerialPort, WriteWithReplyStopsOnceAnswered) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
-    std::string reply;
-    PingDevice device(line, 1);
-    EXPECT_TRUE(serial.write("ping", "ok", reply, 2000));
-    EXPECT_EQ(reply, "ok\r");
-    EXPECT_EQ(device.Finish(), 1);
+TEST_F(OpenLine, WriteWithReplyRepeatsUntilAnsweredThenStops) {
+    for (int answerOn : {1, 3}) {
+        std::string reply;
+        PingDevice device(line, answerOn);
+        EXPECT_TRUE(serial.write("ping", "ok", reply, 5000));
+        EXPECT_EQ(reply.substr(0, 3), "ok\r");
+        EXPECT_EQ(device.Finish(), answerOn);
+    }
 }
 
-TEST(SerialPort, WriteWithReplyRepeatsUntilAnswered) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
-    std::string reply;
-    PingDevice device(line, 3);
-    EXPECT_TRUE(serial.write("ping", "ok", reply, 5000));
-    EXPECT_NE(reply.find("ok"), std::string::npos);
-    EXPECT_EQ(device.Finish(), 3);
-}
-
-TEST(SerialPort, WriteWithReplyGivesFalseWhenNobodyAnswers) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, WriteWithReplyGivesFalseWhenNobodyAnswers) {
     std::string reply = "stale";
     EXPECT_FALSE(serial.write("hello", "ok", reply, 150));
     EXPECT_EQ(reply, "");
@@ -268,10 +238,7 @@ TEST(SerialPort, WriteWithReplyGivesFalseWhenNobodyAnswers) {
     EXPECT_EQ(heard.substr(0, 10), "hellohello");
 }
 
-TEST(SerialPort, WriteCharsSendsEachCharacter) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLine, WriteCharsSendsEachCharacter) {
     EXPECT_TRUE(serial.WriteChars("ABC", 1));
     EXPECT_EQ(line.Read(3), "ABC");
 }
@@ -322,10 +289,7 @@ const std::regex &HistoryLine() {
     return line;
 }
 
-TEST(SerialHistory, RecordsReadsAndWritesInTheLineFormat) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLineHistory, RecordsReadsAndWritesInTheLineFormat) {
     serial.BeginRecordHistory(10);
     serial.write("hello");
     line.Write("world\r");
@@ -345,10 +309,7 @@ TEST(SerialHistory, RecordsReadsAndWritesInTheLineFormat) {
     EXPECT_EQ(serial.GetHistory().size(), 2u);
 }
 
-TEST(SerialHistory, WriteToAVanishedDeviceIsMarked) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLineHistory, WriteToAVanishedDeviceIsMarked) {
     serial.BeginRecordHistory(10);
     ::close(line.slave);
     line.slave = -1;
@@ -362,10 +323,7 @@ TEST(SerialHistory, WriteToAVanishedDeviceIsMarked) {
     EXPECT_EQ(parts[4], " **WRITE_FAIL**");
 }
 
-TEST(SerialHistory, LimitKeepsTheLatestLines) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLineHistory, LimitKeepsTheLatestLines) {
     serial.BeginRecordHistory(5);
     for (int i = 0; i < 7; ++i) serial.write(std::string(1, static_cast<char>('a' + i)));
     ASSERT_EQ(serial.GetHistory().size(), 5u);
@@ -380,10 +338,7 @@ TEST(SerialHistory, LimitKeepsTheLatestLines) {
     EXPECT_TRUE(serial.GetHistory().empty());
 }
 
-TEST(SerialHistory, DumpWritesAllLinesAndKeepsThem) {
-    PtyLine line;
-    CSerial serial;
-    ASSERT_TRUE(OpenDefault(serial, line));
+TEST_F(OpenLineHistory, DumpWritesAllLinesAndKeepsThem) {
     serial.BeginRecordHistory(10);
     serial.write("one");
     serial.write("two");

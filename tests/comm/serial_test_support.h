@@ -1,8 +1,6 @@
-// Pseudo-terminal pairs standing in for serial lines, and the counts of open
-// descriptors and threads that tell whether something leaked.
+// Pseudo-terminal pairs standing in for serial lines.
 #pragma once
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
@@ -86,19 +84,6 @@ public:
     std::string path;
     unsigned port = 0;
 };
-
-inline int CountEntries(const char *folder) {
-    int count = 0;
-    if (DIR *dir = ::opendir(folder)) {
-        while (dirent *entry = ::readdir(dir))
-            if (entry->d_name[0] != '.') ++count;
-        ::closedir(dir);
-    }
-    return count;
-}
-
-inline int OpenDescriptors() { return CountEntries("/proc/self/fd"); }
-inline int RunningThreads() { return CountEntries("/proc/self/task"); }
 
 inline std::string Bytes(std::initializer_list<int> values) {
     std::string out;

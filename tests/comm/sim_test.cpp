@@ -126,15 +126,6 @@ INSTANTIATE_TEST_SUITE_P(Link, SimulatedInstrument, ::testing::Values(false, tru
                              return info.param ? "Serial" : "Tcp";
                          });
 
-// Counts damaged-message reports.
-class ErrorCounter : public QorDeviceCommSubscriber {
-public:
-    void onLongMessage(unsigned char, const std::vector<unsigned char> &) override {}
-    void onShortMessage(unsigned char, const std::vector<unsigned char> &) override {}
-    void onCommError() override { errors.Set(); }
-    comm_test::Signal errors;
-};
-
 TEST(SimulatedSerialInstrument, StallMidFrameIsReportedAndTheLineRecovers) {
     if (::access(kSimulator.c_str(), X_OK) != 0) GTEST_SKIP() << "qor-sim is not built";
     char logName[] = "/tmp/qor-sim-log-XXXXXX";
@@ -146,13 +137,13 @@ TEST(SimulatedSerialInstrument, StallMidFrameIsReportedAndTheLineRecovers) {
         ASSERT_TRUE(sim.Start(kSimulator, {"--serial", "--heartbeat", "0", "--log", logName})) << sim.error;
         unsigned port = serial_test::NextPort();
         qor::SetSerialPortPath(port, sim.SerialPath());
-        ErrorCounter counter;
+        comm_test::Listener counter;
         QorDeviceComm comm;
         comm.subscribe(counter);
         comm.connect(port, 9600, 8, 0, 0, 0);
         Payload reply;
         EXPECT_FALSE(comm.sendCommand(0x07, Payload{}, 20, 0x07, reply, false, nullptr));
-        EXPECT_TRUE(counter.errors.Wait(5000));
+        EXPECT_TRUE(comm_test::WaitUntil([&] { return counter.errors > 0; }));
         ASSERT_TRUE(comm.sendCommand(0x01, Payload{4}, 3000, 0x01, reply, false, nullptr));
         EXPECT_EQ(reply, Payload{4});
         comm.disconnect();

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -141,6 +142,20 @@ struct Peer {
     }
 };
 
+// A socket connected to a Peer on a loopback device: set up `peer` and
+// `recorder`, then Start().
+struct Link {
+    Peer peer;
+    Recorder recorder;
+    std::optional<LoopbackDevice> device;
+    std::optional<CSuperSocket> socket;
+    void Start() {
+        device.emplace(peer.Session());
+        socket.emplace(recorder);
+        socket->Connect("127.0.0.1", device->Port());
+    }
+};
+
 TEST(Socket, TranslateErrorCodeTable) {
     struct Case {
         int code;
@@ -189,118 +204,94 @@ TEST(Socket, ErrnoValuesMapToWinsockNumbers) {
 TEST(Socket, ConnectSendReceiveAndConditionOrder) {
     ResourceCheck resources;
     {
-        Peer peer;
-        peer.toSend = {1, 2, 3};
-        LoopbackDevice device(peer.Session());
-        Recorder recorder;
-        CSuperSocket socket(recorder);
-        socket.Connect("127.0.0.1", device.Port());
-        ASSERT_TRUE(recorder.connected.Wait());
-        EXPECT_TRUE(socket.IsConnected());
-        EXPECT_EQ(socket.GetRemoteAddress(), "127.0.0.1");
-        EXPECT_EQ(socket.GetIdentifierString(), "127.0.0.1:" + std::to_string(device.Port()));
-        EXPECT_EQ(socket.GetLocalAddress(), "127.0.0.1");
-        EXPECT_NE(socket.GetLocalPort(), 0);
-        ASSERT_TRUE(WaitUntil([&] { return recorder.Received().size() == 3; }));
-        EXPECT_EQ(recorder.Received(), (Bytes{1, 2, 3}));
+        Link link;
+        link.peer.toSend = {1, 2, 3};
+        link.Start();
+        ASSERT_TRUE(link.recorder.connected.Wait());
+        EXPECT_TRUE(link.socket->IsConnected());
+        EXPECT_EQ(link.socket->GetRemoteAddress(), "127.0.0.1");
+        EXPECT_EQ(link.socket->GetIdentifierString(), "127.0.0.1:" + std::to_string(link.device->Port()));
+        EXPECT_EQ(link.socket->GetLocalAddress(), "127.0.0.1");
+        EXPECT_NE(link.socket->GetLocalPort(), 0);
+        ASSERT_TRUE(WaitUntil([&] { return link.recorder.Received().size() == 3; }));
+        EXPECT_EQ(link.recorder.Received(), (Bytes{1, 2, 3}));
         // A new connection is writable: the write condition comes before the connect one.
-        const auto names = recorder.Names();
+        const auto names = link.recorder.Names();
         ASSERT_GE(names.size(), 2u);
         EXPECT_EQ(names[0], "send");
         EXPECT_EQ(names[1], "connect");
-        EXPECT_EQ(recorder.Events()[1].code, 0);
-        socket.Send(std::string("hello"));
-        ASSERT_TRUE(WaitUntil([&] { return peer.Got() == 5; }));
-        peer.release.Set();
+        EXPECT_EQ(link.recorder.Events()[1].code, 0);
+        link.socket->Send(std::string("hello"));
+        ASSERT_TRUE(WaitUntil([&] { return link.peer.Got() == 5; }));
+        link.peer.release.Set();
         // The peer closes: the close condition closes the handle before OnClose.
-        ASSERT_TRUE(recorder.closed.Wait());
-        EXPECT_FALSE(socket.IsConnected());
-        EXPECT_FALSE(recorder.Events().back().connectedThen);
-        EXPECT_EQ(recorder.Events().back().code, 0);
+        ASSERT_TRUE(link.recorder.closed.Wait());
+        EXPECT_FALSE(link.socket->IsConnected());
+        EXPECT_FALSE(link.recorder.Events().back().connectedThen);
+        EXPECT_EQ(link.recorder.Events().back().code, 0);
     }
     EXPECT_TRUE(resources.Clean()) << resources.Report();
 }
 
 TEST(Socket, ReadConditionComesBackWhileDataRemain) {
-    Peer peer;
-    peer.toSend = Bytes(100, 0x5A);
-    LoopbackDevice device(peer.Session());
-    Recorder recorder;
-    recorder.readOneByte = true;  // one byte per condition: 100 conditions
-    CSuperSocket socket(recorder);
-    socket.Connect("127.0.0.1", device.Port());
-    ASSERT_TRUE(WaitUntil([&] { return recorder.Received().size() == 100; }));
-    const auto names = recorder.Names();
+    Link link;
+    link.peer.toSend = Bytes(100, 0x5A);
+    link.recorder.readOneByte = true;  // one byte per condition: 100 conditions
+    link.Start();
+    ASSERT_TRUE(WaitUntil([&] { return link.recorder.Received().size() == 100; }));
+    const auto names = link.recorder.Names();
     EXPECT_GE(std::count(names.begin(), names.end(), "receive"), 100);
-    peer.release.Set();
-    ASSERT_TRUE(recorder.closed.Wait());
+    link.peer.release.Set();
+    ASSERT_TRUE(link.recorder.closed.Wait());
 }
 
-TEST(Socket, ReceiveWithNothingWaitingReturnsZero) {
-    Peer peer;
-    LoopbackDevice device(peer.Session());
-    Recorder recorder;
-    CSuperSocket socket(recorder);
-    socket.Connect("127.0.0.1", device.Port());
-    ASSERT_TRUE(recorder.connected.Wait());
+TEST(Socket, ReceiveOfNothingGivesZeroAndCloseFalseWaitsForThePeer) {
+    Link link;
+    link.Start();
+    ASSERT_TRUE(link.recorder.connected.Wait());
     unsigned char buffer[16];
-    EXPECT_EQ(socket.Receive(buffer, sizeof buffer), 0u);
+    EXPECT_EQ(link.socket->Receive(buffer, sizeof buffer), 0u);
     std::string untouched = "keep";
-    EXPECT_EQ(socket.Receive(untouched, 0), 0u);
+    EXPECT_EQ(link.socket->Receive(untouched, 0), 0u);
     EXPECT_EQ(untouched, "keep");
-    peer.release.Set();
-}
-
-TEST(Socket, CloseFalseKeepsTheHandleUntilThePeerCloses) {
-    Peer peer;
-    LoopbackDevice device(peer.Session());
-    Recorder recorder;
-    CSuperSocket socket(recorder);
-    socket.Connect("127.0.0.1", device.Port());
-    ASSERT_TRUE(recorder.connected.Wait());
-    socket.Close(false);
-    EXPECT_TRUE(socket.IsConnected());
+    // Close(false) keeps the handle until the peer closes.
+    link.socket->Close(false);
+    EXPECT_TRUE(link.socket->IsConnected());
     // The peer closes too, and the close condition comes.
-    peer.release.Set();
-    ASSERT_TRUE(recorder.closed.Wait());
-    EXPECT_FALSE(socket.IsConnected());
+    link.peer.release.Set();
+    ASSERT_TRUE(link.recorder.closed.Wait());
+    EXPECT_FALSE(link.socket->IsConnected());
 }
 
 TEST(Socket, CloseTrueClosesAtOnceAndTheSocketOpensAgain) {
     ResourceCheck resources;
     {
-        Peer peer;
-        peer.holdAfterEnd = false;
-        LoopbackDevice device(peer.Session());
-        Recorder recorder;
-        CSuperSocket socket(recorder);
-        socket.Connect("127.0.0.1", device.Port());
-        ASSERT_TRUE(recorder.connected.Wait());
-        socket.Close(true);
-        EXPECT_FALSE(socket.IsConnected());
-        socket.Connect("127.0.0.1", device.Port());
-        ASSERT_TRUE(WaitUntil([&] { return device.Accepted() == 2; }));
+        Link link;
+        link.peer.holdAfterEnd = false;
+        link.Start();
+        ASSERT_TRUE(link.recorder.connected.Wait());
+        link.socket->Close(true);
+        EXPECT_FALSE(link.socket->IsConnected());
+        link.socket->Connect("127.0.0.1", link.device->Port());
+        ASSERT_TRUE(WaitUntil([&] { return link.device->Accepted() == 2; }));
         ASSERT_TRUE(WaitUntil([&] {
-            const auto names = recorder.Names();
+            const auto names = link.recorder.Names();
             return std::count(names.begin(), names.end(), "connect") == 2;
         }));
-        EXPECT_TRUE(socket.IsConnected());
+        EXPECT_TRUE(link.socket->IsConnected());
     }
     EXPECT_TRUE(resources.Clean()) << resources.Report();
 }
 
 TEST(Socket, ResetByPeerComesAsCloseWithItsCode) {
-    Peer peer;
-    peer.resetAtEnd = true;
-    LoopbackDevice device(peer.Session());
-    Recorder recorder;
-    CSuperSocket socket(recorder);
-    socket.Connect("127.0.0.1", device.Port());
-    ASSERT_TRUE(recorder.connected.Wait());
-    peer.release.Set();
-    ASSERT_TRUE(recorder.closed.Wait());
-    EXPECT_EQ(recorder.Events().back().code, 10054);
-    EXPECT_FALSE(socket.IsConnected());
+    Link link;
+    link.peer.resetAtEnd = true;
+    link.Start();
+    ASSERT_TRUE(link.recorder.connected.Wait());
+    link.peer.release.Set();
+    ASSERT_TRUE(link.recorder.closed.Wait());
+    EXPECT_EQ(link.recorder.Events().back().code, 10054);
+    EXPECT_FALSE(link.socket->IsConnected());
 }
 
 TEST(Socket, FailedConnectArrivesAsConnectConditionWithItsCode) {
@@ -323,18 +314,15 @@ TEST(Socket, FailedConnectArrivesAsConnectConditionWithItsCode) {
 }
 
 TEST(Socket, ExceptionInACallbackIsPrintedAndLaterEventsStillCome) {
-    Peer peer;
-    peer.toSend = {7};
-    LoopbackDevice device(peer.Session());
-    Recorder recorder;
-    recorder.throwOnce = true;
+    Link link;
+    link.peer.toSend = {7};
+    link.recorder.throwOnce = true;
     testing::internal::CaptureStdout();
-    CSuperSocket socket(recorder);
-    socket.Connect("127.0.0.1", device.Port());
-    ASSERT_TRUE(WaitUntil([&] { return recorder.Received().size() == 1; }));
-    ASSERT_TRUE(WaitUntil([&] { return !recorder.throwOnce; }));
-    peer.release.Set();
-    ASSERT_TRUE(recorder.closed.Wait());  // a later condition still delivered
+    link.Start();
+    ASSERT_TRUE(WaitUntil([&] { return link.recorder.Received().size() == 1; }));
+    ASSERT_TRUE(WaitUntil([&] { return !link.recorder.throwOnce; }));
+    link.peer.release.Set();
+    ASSERT_TRUE(link.recorder.closed.Wait());  // a later condition still delivered
     const std::string printed = testing::internal::GetCapturedStdout();
     EXPECT_NE(printed.find("test::OnReceive::\nCSuperSocket::SocketThread::ERROR manually "
                            "resetting network event object\n"),
