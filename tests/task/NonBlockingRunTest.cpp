@@ -16,12 +16,21 @@ protected:
         journal.WaitFor("destroyed", lifetimes.made);
         EXPECT_EQ(lifetimes.made, lifetimes.destroyed);
     }
-    // Launches `task` with its first step held at `gate`; returns once that step runs.
-    ScriptedTask *LaunchAtGate(ScriptedTask *task) {
+    // Launches `task` with its first step held at `gate`, failing `failures`
+    // times; returns once that step runs.
+    ScriptedTask *LaunchAtGate(ScriptedTask *task, int failures = 0) {
         task->gates[0] = gate.handle;
+        task->failures[0] = failures;
         machine.LaunchTask(task, false, true);
         journal.WaitFor("step 0");
         return task;
+    }
+    // Pauses the gated run, then lets its first step end: the run now waits
+    // between states.
+    void PauseAfterFirstStep() {
+        machine.Pause(true);
+        gate.Open();
+        journal.WaitFor("OnStateSucceeded");
     }
     // Entries from the first `from` on.
     Entries After(const std::string &from) const {
@@ -92,9 +101,7 @@ TEST_F(NonBlockingRun, AbortOfAWaitingTaskEndsItAsAborted) {
 }
 
 TEST_F(NonBlockingRun, AbortWhileAStateRunsIsNoFailure) {
-    ScriptedTask *task = NewTask(2);
-    task->failures[0] = 1;
-    LaunchAtGate(task);
+    LaunchAtGate(NewTask(2), 1);
     EXPECT_EQ(machine.Abort(), qor::kTaskSucceeded);
     gate.Open();
     journal.WaitFor("destroyed");
@@ -117,9 +124,7 @@ TEST_F(NonBlockingRun, PausedRunWaitsBetweenStatesUntilResumed) {
     HANDLE stepOneStarted = CreateEvent(nullptr, TRUE, FALSE, nullptr);
     task->hooks[1] = [&] { SetEvent(stepOneStarted); };
     LaunchAtGate(task);
-    machine.Pause(true);
-    gate.Open();
-    journal.WaitFor("OnStateSucceeded");
+    PauseAfterFirstStep();
     // Nothing moves while paused (a look of several 20 ms polls).
     EXPECT_EQ(WaitForSingleObject(stepOneStarted, 100), WAIT_TIMEOUT);
     EXPECT_TRUE(machine.IsThreadRunning());
@@ -131,9 +136,7 @@ TEST_F(NonBlockingRun, PausedRunWaitsBetweenStatesUntilResumed) {
 
 TEST_F(NonBlockingRun, AbortEndsAPause) {
     LaunchAtGate(NewTask(2));
-    machine.Pause(true);
-    gate.Open();
-    journal.WaitFor("OnStateSucceeded");
+    PauseAfterFirstStep();
     machine.Abort();
     journal.WaitFor("destroyed");
     EXPECT_FALSE(journal.Has("step 1"));
@@ -164,9 +167,7 @@ TEST_F(NonBlockingRun, ShutDownAbortsAndWaitsForTheThread) {
 }
 
 TEST_F(NonBlockingRun, EarlyDecisionEndsTheNextFailureAsIfFinished) {
-    ScriptedTask *task = NewTask(2);
-    task->failures[0] = 1;
-    LaunchAtGate(task);
+    LaunchAtGate(NewTask(2), 1);
     // A retry while nothing has failed leaves the decision signalled; the
     // failure then finds no decision and the run ends like a completed one.
     EXPECT_EQ(machine.Retry(), qor::kTaskSucceeded);
