@@ -61,6 +61,14 @@ public:
     unsigned posts = 0;
 };
 
+// One threaded job over the buffer, waited for: what a caller with a target sees.
+void RunThreadedJob(CRC_32 &crc, qor::ProgressTarget &target) {
+    auto &buffer = const_cast<std::vector<unsigned char> &>(Buffer());
+    HANDLE thread = reinterpret_cast<HANDLE>(crc.CalcCRC(buffer.data(), static_cast<unsigned>(buffer.size()), &target));
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+}
+
 void ZlibCrc32(benchmark::State &state) {
     const auto &buffer = Buffer();
     for (auto _ : state) benchmark::DoNotOptimize(crc32_z(0, buffer.data(), buffer.size()));
@@ -89,29 +97,21 @@ void QorTableLoop(benchmark::State &state) {
 // The whole threaded job as a caller sees it: copy, thread, progress, result.
 void QorThreadedWithProgress(benchmark::State &state) {
     CRC_32 crc;
-    auto &buffer = const_cast<std::vector<unsigned char> &>(Buffer());
     for (auto _ : state) {
         CountingTarget target;
-        HANDLE thread = reinterpret_cast<HANDLE>(
-            crc.CalcCRC(buffer.data(), static_cast<unsigned>(buffer.size()), &target));
-        WaitForSingleObject(thread, INFINITE);
-        CloseHandle(thread);
+        RunThreadedJob(crc, target);
         benchmark::DoNotOptimize(target.result);
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * buffer.size()));
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * Buffer().size()));
 }
 
 void QorThreadedSilent(benchmark::State &state) {
     CRC_32 crc;
-    auto &buffer = const_cast<std::vector<unsigned char> &>(Buffer());
     for (auto _ : state) {
         SilentTarget target;
-        HANDLE thread = reinterpret_cast<HANDLE>(
-            crc.CalcCRC(buffer.data(), static_cast<unsigned>(buffer.size()), &target));
-        WaitForSingleObject(thread, INFINITE);
-        CloseHandle(thread);
+        RunThreadedJob(crc, target);
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * buffer.size()));
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * Buffer().size()));
 }
 
 double ProcessCpuSeconds() {
@@ -126,15 +126,11 @@ double gPostingRatio = 0;
 
 void PostingCostInTurns(benchmark::State &state) {
     CRC_32 crc;
-    auto &buffer = const_cast<std::vector<unsigned char> &>(Buffer());
     double silent = 0, posting = 0;
     long pairs = 0;
     auto run = [&](qor::ProgressTarget &target) {
         double start = ProcessCpuSeconds();
-        HANDLE thread = reinterpret_cast<HANDLE>(
-            crc.CalcCRC(buffer.data(), static_cast<unsigned>(buffer.size()), &target));
-        WaitForSingleObject(thread, INFINITE);
-        CloseHandle(thread);
+        RunThreadedJob(crc, target);
         return ProcessCpuSeconds() - start;
     };
     for (auto _ : state) {
