@@ -263,6 +263,18 @@ LONG Use(HKEY key, REGSAM needed, KeyRecord *record) {
 
 std::string_view ValueName(const char *name) { return name ? std::string_view(name) : std::string_view(); }
 
+// Reads the type and bytes of value `name` of the key with row `id`.
+Outcome ReadValueRow(StoreConnection &connection, std::int64_t id, const char *name, DWORD *type,
+                     std::string *data) {
+    Query query(connection, Sql::QueryValue);
+    const int rc = query.Bind(1, id).Bind(2, ValueName(name)).Step();
+    if (rc == SQLITE_DONE) return Refused(kFileNotFound);
+    if (rc != SQLITE_ROW) return Failed(rc);
+    *type = static_cast<DWORD>(query.Int(0));
+    *data = query.Blob(1);
+    return Outcome{};
+}
+
 }  // namespace
 
 LONG OpenKey(HKEY root, const char *path, REGSAM access, HKEY *key) {
@@ -308,13 +320,7 @@ LONG QueryValue(HKEY key, const char *name, DWORD *type, std::string *data) {
     DWORD foundType = 0;
     std::string foundData;
     LONG error = Transact(record.file, false, [&](StoreConnection &connection) {
-        Query query(connection, Sql::QueryValue);
-        const int rc = query.Bind(1, record.id).Bind(2, ValueName(name)).Step();
-        if (rc == SQLITE_DONE) return Refused(kFileNotFound);
-        if (rc != SQLITE_ROW) return Failed(rc);
-        foundType = static_cast<DWORD>(query.Int(0));
-        foundData = query.Blob(1);
-        return Outcome{};
+        return ReadValueRow(connection, record.id, name, &foundType, &foundData);
     });
     if (error) return error;
     if (type) *type = foundType;
@@ -400,13 +406,7 @@ LONG GetKeyValue(HKEY key, const char *path, const char *name, DWORD *type, std:
         if (Outcome walk = WalkPath(connection, record.id, names, false, &id, nullptr);
             walk.sqlite || walk.error)
             return walk;
-        Query query(connection, Sql::QueryValue);
-        const int rc = query.Bind(1, id).Bind(2, ValueName(name)).Step();
-        if (rc == SQLITE_DONE) return Refused(kFileNotFound);
-        if (rc != SQLITE_ROW) return Failed(rc);
-        foundType = static_cast<DWORD>(query.Int(0));
-        foundData = query.Blob(1);
-        return Outcome{};
+        return ReadValueRow(connection, id, name, &foundType, &foundData);
     });
     if (error) return error;
     if (type) *type = foundType;
