@@ -4,6 +4,8 @@
 // that records what it hears.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <arpa/inet.h>
 #include <dirent.h>
 #include <netinet/in.h>
@@ -83,6 +85,13 @@ private:
     int descriptors_;
     int threads_;
 };
+
+// Runs `body` and expects descriptors and threads back where they were.
+inline void ExpectNoLeak(const std::function<void()> &body) {
+    ResourceCheck resources;
+    body();
+    EXPECT_TRUE(resources.Clean()) << resources.Report();
+}
 
 // A one-shot signal between test threads.
 class Signal {

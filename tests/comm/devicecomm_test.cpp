@@ -17,7 +17,6 @@ using comm_test::Bytes;
 using comm_test::Instrument;
 using comm_test::Listener;
 using comm_test::LoopbackDevice;
-using comm_test::ResourceCheck;
 using comm_test::Signal;
 using comm_test::WaitUntil;
 using comm_test::WireFrame;
@@ -42,8 +41,7 @@ TEST(DeviceComm, SendWithoutConnectionThrows) {
 }
 
 TEST(DeviceComm, RoundTripDeliversToWaiterAndSubscribers) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Instrument instrument([](const WireFrame &r) {
             return std::vector<WireFrame>{{static_cast<unsigned char>(r.command + 1), r.payload}};
         });
@@ -61,8 +59,7 @@ TEST(DeviceComm, RoundTripDeliversToWaiterAndSubscribers) {
         EXPECT_EQ(all.Got()[0].command, 0x21);
         comm.disconnect();
         EXPECT_FALSE(comm.isConnected());
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(DeviceComm, TwoWaitersOnOneCommandAreServedOldestFirst) {
@@ -234,8 +231,7 @@ TEST(DeviceComm, SubscriptionsDeliverAsOftenAsTheyWereMade) {
 }
 
 TEST(DeviceComm, TakesALinkItIsGivenAndSurvivesAFailedSerialOpen) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Instrument instrument(Echo);
         QorDeviceComm comm;
         auto *link = new QorEthernetConnection("127.0.0.1", instrument.Port(), &comm);
@@ -253,8 +249,7 @@ TEST(DeviceComm, TakesALinkItIsGivenAndSurvivesAFailedSerialOpen) {
             EXPECT_EQ(e.message, "Failed to open the specified serial port");
         }
         EXPECT_FALSE(comm.isConnected());
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 }  // namespace devicecomm_test

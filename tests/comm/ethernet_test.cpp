@@ -37,8 +37,7 @@ void ConnectToAVanishingDevice(QorDeviceComm &comm) {
 }
 
 TEST(Ethernet, RefusedAndSilentDevicesGiveTheirTexts) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         QorDeviceComm comm;
         try {
             comm.connect("127.0.0.1", comm_test::RefusingPort());
@@ -57,13 +56,11 @@ TEST(Ethernet, RefusedAndSilentDevicesGiveTheirTexts) {
         }
         // A name that does not resolve fails in the socket layer.
         EXPECT_THROW(QorEthernetConnection("no-such-host.invalid", 1, &comm), CSuperSocketException);
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Ethernet, ReadsFramesOfEverySizeInAnyChunking) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         const Bytes huge(65535, 0xA5);
         LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
             // An empty frame, a frame split byte by byte, two frames in one
@@ -91,8 +88,7 @@ TEST(Ethernet, ReadsFramesOfEverySizeInAnyChunking) {
             EXPECT_EQ(got[i].data, expected[i]) << i;
         }
         device.Stop();
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Ethernet, SendPutsFramesOnTheWire) {
@@ -116,8 +112,7 @@ TEST(Ethernet, SendPutsFramesOnTheWire) {
 }
 
 TEST(Ethernet, IncompleteFramesAreDroppedAndTheStreamGoesOn) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Signal stalledOut;
         LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
             // Header promising ten bytes, four of them, then silence longer
@@ -135,8 +130,7 @@ TEST(Ethernet, IncompleteFramesAreDroppedAndTheStreamGoesOn) {
         EXPECT_EQ(inbox.Got()[0].command, 0x21);
         EXPECT_EQ(inbox.errors, 0);  // no notice on this link
         device.Stop();
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Ethernet, PeerClosingOrResettingMidFrameThenReconnect) {
@@ -178,8 +172,7 @@ TEST(Ethernet, PeerClosingOrResettingMidFrameThenReconnect) {
 }
 
 TEST(Ethernet, SendGivesUpAfterSixAttemptsWithTheLastReason) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         QorDeviceComm comm;
         ConnectToAVanishingDevice(comm);
         int reconnects = 0;
@@ -195,8 +188,7 @@ TEST(Ethernet, SendGivesUpAfterSixAttemptsWithTheLastReason) {
         reconnects = 0;
         EXPECT_THROW(comm.sendCommand(0x40, Bytes{1}, false, &reconnects), CSuperSocketException);
         EXPECT_EQ(reconnects, 5);
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Ethernet, WaitingSendCommandSurvivesALinkFailure) {
@@ -213,8 +205,7 @@ TEST(Ethernet, WaitingSendCommandSurvivesALinkFailure) {
 }
 
 TEST(Ethernet, DestroyingWhileAFrameIsHalfReadDoesNotHang) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Signal sent;
         LoopbackDevice device([&](int &fd, LoopbackDevice &d) {
             comm_test::WriteAll(fd, Bytes{0x60, 0xFF, 0xFF, 1});
@@ -227,8 +218,7 @@ TEST(Ethernet, DestroyingWhileAFrameIsHalfReadDoesNotHang) {
             ASSERT_TRUE(sent.Wait());
         }
         device.Stop();
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 }  // namespace ethernet_test

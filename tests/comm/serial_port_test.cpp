@@ -29,26 +29,19 @@ protected:
 };
 using OpenLineHistory = OpenLine;
 
-TEST(SerialPort, OpensMappedLineAndClosesToPortZero) {
+TEST(SerialPort, OpensMappedLineExclusivelyAndClosesToPortZero) {
     PtyLine line;
     ASSERT_TRUE(line.Ok());
-    CSerial serial;
+    CSerial serial, second;
     EXPECT_FALSE(serial.IsOpen());
     ASSERT_TRUE(OpenDefault(serial, line));
     EXPECT_TRUE(serial.IsOpen());
     EXPECT_EQ(serial.GetPort(), static_cast<short>(line.port));
+    EXPECT_FALSE(OpenDefault(second, line));
+    EXPECT_EQ(second.GetPort(), 0);
     serial.Close();
     EXPECT_FALSE(serial.IsOpen());
     EXPECT_EQ(serial.GetPort(), 0);
-}
-
-TEST(SerialPort, IsExclusiveWhileOpen) {
-    PtyLine line;
-    CSerial first, second;
-    ASSERT_TRUE(OpenDefault(first, line));
-    EXPECT_FALSE(OpenDefault(second, line));
-    EXPECT_EQ(second.GetPort(), 0);
-    first.Close();
     EXPECT_TRUE(OpenDefault(second, line));
 }
 
@@ -120,15 +113,13 @@ TEST(SerialPort, ClosedPortReadsNothingAndWritesFail) {
     EXPECT_FALSE(serial.SetCommTimeouts(timeouts));
 }
 
-TEST_F(OpenLine, TerminatorReadPushesBackWhatFollows) {
+TEST_F(OpenLine, TerminatorReadPushesBackWhatFollowsAndKeepsWhatHasNoTerminator) {
     line.Write("xxOKyy");
     EXPECT_EQ(serial.read(200, std::string("OK"), true), "xxOK");
     EXPECT_EQ(serial.bytesinserialqueue(), 2u);
     unsigned long received = 0;
     EXPECT_EQ(serial.read(2, 200, received), "yy");
-}
-
-TEST_F(OpenLine, TerminatorReadWithoutTerminatorKeepsEverything) {
+    // Without the terminator everything is kept.
     line.Write("xx");
     EXPECT_EQ(serial.read(100, std::string("OK"), true), "");
     line.Write("OKzz");
@@ -137,15 +128,12 @@ TEST_F(OpenLine, TerminatorReadWithoutTerminatorKeepsEverything) {
     EXPECT_EQ(serial.read(200, std::string("zz"), false), "Kzz");
 }
 
-TEST_F(OpenLine, TerminatorReadWithoutPushBackReturnsAll) {
+TEST_F(OpenLine, CharacterSetRead) {
     line.Write("abc\rdef");
-    std::string got = serial.read("\n\r", 200, false);
-    // all that had arrived, terminator or not
-    EXPECT_EQ(got, "abc\rdef");
+    // Without push-back: all that had arrived, terminator or not.
+    EXPECT_EQ(serial.read("\n\r", 200, false), "abc\rdef");
     EXPECT_EQ(serial.bytesinserialqueue(), 0u);
-}
-
-TEST_F(OpenLine, CharacterSetReadStopsAtAnyMember) {
+    // With push-back a set of characters stops at any member.
     line.Write("12;34,56");
     EXPECT_EQ(serial.read(",;", 200, true), "12;");
     EXPECT_EQ(serial.read(",;", 200, true), "34,");

@@ -20,7 +20,6 @@ namespace socket_test {
 
 using comm_test::Bytes;
 using comm_test::LoopbackDevice;
-using comm_test::ResourceCheck;
 using comm_test::Signal;
 using comm_test::WaitUntil;
 
@@ -202,8 +201,7 @@ TEST(Socket, ErrnoValuesMapToWinsockNumbers) {
 }
 
 TEST(Socket, ConnectSendReceiveAndConditionOrder) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Link link;
         link.peer.toSend = {1, 2, 3};
         link.Start();
@@ -229,8 +227,7 @@ TEST(Socket, ConnectSendReceiveAndConditionOrder) {
         EXPECT_FALSE(link.socket->IsConnected());
         EXPECT_FALSE(link.recorder.Events().back().connectedThen);
         EXPECT_EQ(link.recorder.Events().back().code, 0);
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Socket, ReadConditionComesBackWhileDataRemain) {
@@ -264,8 +261,7 @@ TEST(Socket, ReceiveOfNothingGivesZeroAndCloseFalseWaitsForThePeer) {
 }
 
 TEST(Socket, CloseTrueClosesAtOnceAndTheSocketOpensAgain) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Link link;
         link.peer.holdAfterEnd = false;
         link.Start();
@@ -279,8 +275,7 @@ TEST(Socket, CloseTrueClosesAtOnceAndTheSocketOpensAgain) {
             return std::count(names.begin(), names.end(), "connect") == 2;
         }));
         EXPECT_TRUE(link.socket->IsConnected());
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Socket, ResetByPeerComesAsCloseWithItsCode) {
@@ -295,8 +290,7 @@ TEST(Socket, ResetByPeerComesAsCloseWithItsCode) {
 }
 
 TEST(Socket, FailedConnectArrivesAsConnectConditionWithItsCode) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Recorder recorder;
         CSuperSocket socket(recorder);
         socket.Connect("127.0.0.1", comm_test::RefusingPort());
@@ -309,8 +303,7 @@ TEST(Socket, FailedConnectArrivesAsConnectConditionWithItsCode) {
         EXPECT_FALSE(socket.IsConnected());
         std::lock_guard<std::mutex> guard(recorder.mutex);
         EXPECT_EQ(recorder.connectText, "The attempt to connect was forcefully rejected.");
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Socket, ExceptionInACallbackIsPrintedAndLaterEventsStillCome) {
@@ -331,8 +324,7 @@ TEST(Socket, ExceptionInACallbackIsPrintedAndLaterEventsStillCome) {
 }
 
 TEST(Socket, ListenAcceptAndTalk) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         // The listener's container accepts into a second socket.
         struct Acceptor : Recorder {
             CSuperSocket *into = nullptr;
@@ -360,13 +352,11 @@ TEST(Socket, ListenAcceptAndTalk) {
         client.Close(false);
         ASSERT_TRUE(serverSide.closed.Wait());
         EXPECT_THROW(listener.Listen(0), CSuperSocketException);
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 TEST(Socket, UdpDatagramsBetweenTwoSockets) {
-    ResourceCheck resources;
-    {
+    comm_test::ExpectNoLeak([&] {
         Recorder a, b;
         CSuperSocket first(a), second(b);
         first.CreateUDPSocket(0);
@@ -381,8 +371,7 @@ TEST(Socket, UdpDatagramsBetweenTwoSockets) {
         std::lock_guard<std::mutex> guard(a.mutex);
         EXPECT_EQ(a.datagrams[0], "datagram");
         EXPECT_EQ(a.senders[0], "127.0.0.1:" + std::to_string(second.GetLocalPort()));
-    }
-    EXPECT_TRUE(resources.Clean()) << resources.Report();
+    });
 }
 
 // Every failure the layer can be led into, with its exact text and whether
