@@ -17,6 +17,16 @@ bool OtherThreadCanEnter(CRITICAL_SECTION &section) {
     return entered != FALSE;
 }
 
+// A `Guard` made from `owner` must hold `section` for its scope, and no longer.
+template <typename Guard, typename Owner>
+void ExpectHeldForScope(Owner &owner, CRITICAL_SECTION &section) {
+    {
+        Guard lock(owner);
+        EXPECT_FALSE(OtherThreadCanEnter(section));
+    }
+    EXPECT_TRUE(OtherThreadCanEnter(section));
+}
+
 TEST(LockGuards, SectionGuardsHoldForTheirScope) {
     CCriticalSection object;
     CRITICAL_SECTION plain;
@@ -26,16 +36,8 @@ TEST(LockGuards, SectionGuardsHoldForTheirScope) {
         EXPECT_FALSE(OtherThreadCanEnter(plain));
     }
     EXPECT_TRUE(OtherThreadCanEnter(plain));
-    {
-        CThreadAutolock lock(plain);
-        EXPECT_FALSE(OtherThreadCanEnter(plain));
-    }
-    EXPECT_TRUE(OtherThreadCanEnter(plain));
-    {
-        auto_lock lock(object);
-        EXPECT_FALSE(OtherThreadCanEnter(object.m_sect));
-    }
-    EXPECT_TRUE(OtherThreadCanEnter(object.m_sect));
+    ExpectHeldForScope<CThreadAutolock>(plain, plain);
+    ExpectHeldForScope<auto_lock>(object, object.m_sect);
     DeleteCriticalSection(&plain);
 }
 
