@@ -26,28 +26,25 @@ public:
     }
     ~FakeHost() { fs::remove_all(root_); }
 
-    void Write(const std::string &path, const std::string &text) {
-        fs::create_directories((root_ / path.substr(1)).parent_path());
-        std::ofstream(root_ / path.substr(1), std::ios::binary) << text;
-    }
-    void Folder(const std::string &path) { fs::create_directories(root_ / path.substr(1)); }
-    void Link(const std::string &path, const std::string &target) {
-        fs::create_directories((root_ / path.substr(1)).parent_path());
-        fs::create_symlink(target, root_ / path.substr(1));
-    }
+    void Write(const std::string &path, const std::string &text) { std::ofstream(At(path), std::ios::binary) << text; }
+    void Folder(const std::string &path) { fs::create_directories(At(path)); }
+    void Link(const std::string &path, const std::string &target) { fs::create_symlink(target, At(path)); }
     void Adapter(const std::string &name, int index, int type, const char *flags, const char *operstate,
                  const char *address) {
-        std::string base = "/sys/class/net/" + name + "/";
-        Write(base + "ifindex", std::to_string(index) + "\n");
-        Write(base + "type", std::to_string(type) + "\n");
-        Write(base + "flags", std::string(flags) + "\n");
-        Write(base + "operstate", std::string(operstate) + "\n");
-        Write(base + "carrier", "1\n");
-        Write(base + "address", std::string(address) + "\n");
+        const std::pair<const char *, std::string> files[] = {
+            {"ifindex", std::to_string(index)}, {"type", std::to_string(type)}, {"flags", flags},
+            {"operstate", operstate}, {"carrier", "1"}, {"address", address}};
+        for (const auto &[file, text] : files) Write("/sys/class/net/" + name + "/" + file, text + "\n");
     }
     std::string root() const { return root_.string(); }
 
 private:
+    // The place of a host path in the tree, its parent folders made.
+    fs::path At(const std::string &path) const {
+        fs::create_directories((root_ / path.substr(1)).parent_path());
+        return root_ / path.substr(1);
+    }
+
     static inline int counter_ = 0;
     fs::path root_;
 };
