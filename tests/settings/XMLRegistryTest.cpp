@@ -34,24 +34,33 @@ protected:
         return xmlRegistry.ImportXML(parent, xml, kFileType, error, entry);
     }
 
+    // One value of every kind, a nested key and two empty ones.
+    void SaveArm() {
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Name", "arm & 'hand'"), 1);
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Speed", 0xFFFFFFFFul), 1);
+        CRegVal big(7ul);
+        big.SetType(5);
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Big", big), 1);
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Ports", CStringArray{"COM1", "COM2"}), 1);
+        unsigned char raw[] = {1, 2};
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Raw", raw, 2), 1);
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper", "Force", 12ul), 1);
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper\\Empty", nullptr, nullptr), 1);
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Axis", nullptr, nullptr), 1);
+    }
+    std::string Text(const char *key, const char *name) {
+        std::string text = "(missing)";
+        registry.LoadKey(key, name, text);
+        return text;
+    }
+
     CRegistry registry;
     XMLRegistry xmlRegistry{HKEY_CURRENT_USER};
     std::string error;
 };
 
 TEST_F(XMLRegistryTest, ExportWritesTheDocumentFormat) {
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Name", "arm & 'hand'"), 1);
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Speed", 0xFFFFFFFFul), 1);
-    CRegVal big(7ul);
-    big.SetType(5);
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Big", big), 1);
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Ports", CStringArray{"COM1", "COM2"}), 1);
-    unsigned char raw[] = {1, 2};
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Raw", raw, 2), 1);
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper", "Force", 12ul), 1);
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper\\Empty", nullptr, nullptr), 1);
-    ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Axis", nullptr, nullptr), 1);
-
+    SaveArm();
     const std::string expected =
         "<?xml version='1.0' encoding='ASCII' ?>\n"
         "<Brindlemar extrainfo='Arm &amp; co' file='Settings' md5sum='00000000000000000000000000000000' version='1.0' >\n"
@@ -105,37 +114,26 @@ TEST_F(XMLRegistryTest, AnEmptyOrMissingKeyExportsEmptyValuesAndSubkeys) {
 }
 
 TEST_F(XMLRegistryTest, ImportBringsNumbersBackAsNumbersAndAllElseAsStrings) {
-    ASSERT_EQ(registry.SaveKey("Src", "Dword", 7ul), 1);
-    ASSERT_EQ(registry.SaveKey("Src", "High", 0x80000001ul), 1);
-    CRegVal big(7ul);
-    big.SetType(5);
-    ASSERT_EQ(registry.SaveKey("Src", "Big", big), 1);
-    ASSERT_EQ(registry.SaveKey("Src", "List", CStringArray{"a", "b"}), 1);
-    unsigned char raw[] = {1};
-    ASSERT_EQ(registry.SaveKey("Src", "Raw", raw, 1), 1);
-    ASSERT_EQ(registry.SaveKey("Src\\Deep\\Deeper", "Text", "t"), 1);
-    const std::string xml = Export("Src", "Original");
-
+    SaveArm();
+    const std::string xml = Export("Lab\\Arm", "Original");
     ASSERT_TRUE(Import("Imported\\", xml, "Renamed")) << error;
     unsigned long number = 0;
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Dword", number), 1);
-    EXPECT_EQ(number, 7u);
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "High", number), 1);
-    EXPECT_EQ(number, 0x80000001ul);
-    std::string text;
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Big", text), 1);
-    EXPECT_EQ(text, "7");
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "List", text), 1);
-    EXPECT_EQ(text, "");
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Raw", text), 1);
-    EXPECT_EQ(text, "Registry data type not supported");
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed\\Deep\\Deeper", "Text", text), 1);
-    EXPECT_EQ(text, "t");
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Speed", number), 1);
+    EXPECT_EQ(number, 0xFFFFFFFFul);
+    EXPECT_EQ(registry.LoadKey("Imported\\Renamed\\Gripper", "Force", number), 1);
+    EXPECT_EQ(number, 12u);
+    EXPECT_EQ(Text("Imported\\Renamed", "Name"), "arm & 'hand'");
+    EXPECT_EQ(Text("Imported\\Renamed", "Big"), "7");
+    EXPECT_EQ(Text("Imported\\Renamed", "Ports"), "");
+    EXPECT_EQ(Text("Imported\\Renamed", "Raw"), "Registry data type not supported");
+    unsigned long subkeys = 0;  // the empty keys come too
+    EXPECT_EQ(registry.HasEntries("Imported\\Renamed", &subkeys, nullptr), 1);
+    EXPECT_EQ(subkeys, 2u);
 
     // Without an entry name the document's own name is used; the parent
     // path is taken as it stands.
     ASSERT_TRUE(Import("", xml)) << error;
-    EXPECT_EQ(registry.LoadKey("Original", "Dword", number), 1);
+    EXPECT_EQ(registry.LoadKey("Original", "Speed", number), 1);
 }
 
 TEST_F(XMLRegistryTest, ImportSkipsEmptyValuesAndReadsNumbersAsAStreamDoes) {
@@ -156,9 +154,7 @@ TEST_F(XMLRegistryTest, ImportSkipsEmptyValuesAndReadsNumbersAsAStreamDoes) {
     EXPECT_EQ(number, 12u);
     EXPECT_EQ(registry.LoadKey("E", "bad", number), 1);
     EXPECT_EQ(number, 0u);
-    std::string text;
-    EXPECT_EQ(registry.LoadKey("E", "notype", text), 1);
-    EXPECT_EQ(text, "v");
+    EXPECT_EQ(Text("E", "notype"), "v");
 }
 
 TEST_F(XMLRegistryTest, ImportRefusesWithTheSystemsWords) {
@@ -216,9 +212,7 @@ TEST_F(XMLRegistryTest, AFailedImportKeepsWhatItWroteBefore) {
         "<subkey name='Bad'><subkeys /></subkey></subkeys></Brindlemar>";
     EXPECT_FALSE(Import("", xml));
     EXPECT_EQ(error, "The xml file is invalid.");
-    std::string text;
-    EXPECT_EQ(registry.LoadKey("Partial", "first", text), 1);
-    EXPECT_EQ(text, "kept");
+    EXPECT_EQ(Text("Partial", "first"), "kept");
     unsigned long number = 0;
     EXPECT_EQ(registry.LoadKey("Partial\\Good", "v", number), 1);
 }
