@@ -71,15 +71,24 @@ std::string HandWritePaused(const ProtocolPaused &paused) {
     return out;
 }
 
+const std::string *Attribute(const Node &node, const char *key) {
+    const auto it = node.attributes.find(key);
+    return it == node.attributes.end() ? nullptr : &it->second;
+}
+
+void HandReadString(const Node &node, const char *key, std::string &field) {
+    if (const std::string *value = Attribute(node, key)) field = *value;
+}
+
 ProtocolPaused HandReadPaused(const std::string &text) {
     ProtocolPaused paused;
     XMLReader reader;
     reader.ReadFromBuffer(text, false);
     if (reader.children.empty()) return paused;
     const Node &node = reader.children.front();
-    if (auto it = node.attributes.find("Path"); it != node.attributes.end()) paused.Path = it->second;
-    if (auto it = node.attributes.find("PauseType"); it != node.attributes.end()) {
-        paused.PauseType = static_cast<int>(std::strtol(it->second.c_str(), nullptr, 10));
+    HandReadString(node, "Path", paused.Path);
+    if (const std::string *value = Attribute(node, "PauseType")) {
+        paused.PauseType = static_cast<int>(std::strtol(value->c_str(), nullptr, 10));
     }
     return paused;
 }
@@ -133,15 +142,6 @@ std::string HandWriteInstance(const ObjectInstance &instance) {
     std::string out;
     writer.WriteToBuffer(out);
     return out;
-}
-
-const std::string *Attribute(const Node &node, const char *key) {
-    const auto it = node.attributes.find(key);
-    return it == node.attributes.end() ? nullptr : &it->second;
-}
-
-void HandReadString(const Node &node, const char *key, std::string &field) {
-    if (const std::string *value = Attribute(node, key)) field = *value;
 }
 
 Parameter HandReadParameter(const Node &node) {
