@@ -14,6 +14,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -129,23 +130,30 @@ inline bool WriteAll(int fd, const Bytes &bytes) {
     return true;
 }
 
-// Reads exactly `count` bytes within `limitMs`; false on end, error or time.
-inline bool ReadExactly(int fd, std::size_t count, Bytes &out, int limitMs = 5000) {
-    out.assign(count, 0);
-    std::size_t done = 0;
+// Reads until `count` bytes came or `limitMs` passed, the end or an error.
+inline std::string ReadUpTo(int fd, std::size_t count, int limitMs) {
+    std::string got;
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(limitMs);
-    while (done < count) {
+    while (got.size() < count) {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
                               end - std::chrono::steady_clock::now())
                               .count();
-        if (left <= 0) return false;
+        if (left <= 0) break;
         pollfd p = {fd, POLLIN, 0};
-        if (::poll(&p, 1, static_cast<int>(left)) <= 0) return false;
-        const ssize_t n = ::recv(fd, out.data() + done, count - done, 0);
-        if (n <= 0) return false;
-        done += static_cast<std::size_t>(n);
+        if (::poll(&p, 1, static_cast<int>(left)) <= 0) break;
+        char buffer[4096];
+        const ssize_t n = ::read(fd, buffer, std::min(sizeof buffer, count - got.size()));
+        if (n <= 0) break;
+        got.append(buffer, static_cast<std::size_t>(n));
     }
-    return true;
+    return got;
+}
+
+// Reads exactly `count` bytes within `limitMs`; false on end, error or time.
+inline bool ReadExactly(int fd, std::size_t count, Bytes &out, int limitMs = 5000) {
+    const std::string got = ReadUpTo(fd, count, limitMs);
+    out.assign(got.begin(), got.end());
+    return got.size() == count;
 }
 
 // One Ethernet frame as a device reads it off the wire.

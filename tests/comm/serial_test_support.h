@@ -2,15 +2,14 @@
 #pragma once
 
 #include <fcntl.h>
-#include <poll.h>
 #include <pty.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <atomic>
-#include <chrono>
 #include <string>
 
+#include "CommTestSupport.h"
 #include "qor/comm/SerialPorts.h"
 
 namespace serial_test {
@@ -57,21 +56,7 @@ public:
 
     // Reads until `count` bytes came or `timeoutMs` passed.
     std::string Read(std::size_t count, int timeoutMs = 2000) const {
-        std::string got;
-        auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
-        while (got.size() < count) {
-            int left = static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(
-                                            end - std::chrono::steady_clock::now())
-                                            .count());
-            if (left <= 0) break;
-            pollfd waiter{master, POLLIN, 0};
-            if (::poll(&waiter, 1, left) <= 0) break;
-            char buffer[4096];
-            ssize_t n = ::read(master, buffer, std::min(sizeof buffer, count - got.size()));
-            if (n <= 0) break;
-            got.append(buffer, static_cast<std::size_t>(n));
-        }
-        return got;
+        return comm_test::ReadUpTo(master, count, timeoutMs);
     }
 
     void CloseMaster() {
