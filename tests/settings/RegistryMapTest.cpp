@@ -19,56 +19,63 @@ const RegistryMapInfo &Table() {
     return table;
 }
 
-// Stores `value` for `id`, returns the text the map keeps and checks that it
-// reads back as `expected`.
+// Stores `value` for `id`, checks that it reads back the same and returns
+// the text the map saves for it.
 template <class T>
-std::string Stored(RegistryMap &map, int id, T value, T expected) {
+std::string Stored(RegistryMap &map, int id, T value) {
     EXPECT_EQ(map.SetValue(id, value), 0);
-    std::string text;
-    const int typeOfId = Table().at(id).type;
-    // The text is visible as a string only through a string-typed copy.
-    RegistryMapInfo asString = Table();
-    asString.at(id).type = 9;
-    RegistryMap view(asString);
+    T back{};
+    EXPECT_EQ(map.GetValue(id, back), 0);
+    EXPECT_EQ(back, value);
     CRegistry registry;
     map.SaveValues(registry, "Probe");
-    view.LoadValues(registry, "Probe");
-    EXPECT_EQ(view.GetValue(id, text), 0);
-    T back{};
-    EXPECT_EQ(map.GetValue(id, back), 0) << typeOfId;
-    EXPECT_EQ(back, expected);
+    std::string text;
+    EXPECT_EQ(registry.LoadKey("Probe", Table().at(id).name.c_str(), text), 1);
     return text;
 }
+
+// Reads `id` as the type T its table row declares, widened for comparison.
+template <class T>
+double ReadAs(const RegistryMap &map, int id) {
+    T value{};
+    EXPECT_EQ(map.GetValue(id, value), 0);
+    return static_cast<double>(value);
+}
+using Reader = double (*)(const RegistryMap &, int);
+// By declared type: 1 bool ... 8 double.
+const Reader kReaders[] = {nullptr,          ReadAs<bool>,  ReadAs<char>,          ReadAs<unsigned char>,
+                           ReadAs<short>,    ReadAs<unsigned short>, ReadAs<long>, ReadAs<unsigned long>,
+                           ReadAs<double>};
 
 class RegistryMapTest : public SettingsTest {};
 
 TEST_F(RegistryMapTest, EachTypeHasItsTextForm) {
     RegistryMap map(Table());
-    EXPECT_EQ(Stored(map, Flag, true, true), "1");
-    EXPECT_EQ(Stored(map, Flag, false, false), "0");
-    EXPECT_EQ(Stored<char>(map, Letter, -3, -3), "-3");
-    EXPECT_EQ(Stored<unsigned char>(map, Byte, 250, 250), "250");
-    EXPECT_EQ(Stored<short>(map, Small, -32768, -32768), "-32768");
-    EXPECT_EQ(Stored<unsigned short>(map, Port, 65535, 65535), "65535");
-    EXPECT_EQ(Stored<long>(map, Count, -7, -7), "-7");
+    EXPECT_EQ(Stored(map, Flag, true), "1");
+    EXPECT_EQ(Stored(map, Flag, false), "0");
+    EXPECT_EQ(Stored<char>(map, Letter, -3), "-3");
+    EXPECT_EQ(Stored<unsigned char>(map, Byte, 250), "250");
+    EXPECT_EQ(Stored<short>(map, Small, -32768), "-32768");
+    EXPECT_EQ(Stored<unsigned short>(map, Port, 65535), "65535");
+    EXPECT_EQ(Stored<long>(map, Count, -7), "-7");
     // A 32-bit unsigned long above 0x7FFFFFFF is written as a negative number.
-    EXPECT_EQ(Stored<unsigned long>(map, Mask, 0xFFFFFFFFul, 0xFFFFFFFFul), "-1");
-    EXPECT_EQ(Stored<unsigned long>(map, Mask, 0x80000000ul, 0x80000000ul), "-2147483648");
-    EXPECT_EQ(Stored(map, Ratio, 1.5, 1.5), "1.500000");
-    EXPECT_EQ(Stored<std::string>(map, Name, "arm 2", "arm 2"), "arm 2");
+    EXPECT_EQ(Stored<unsigned long>(map, Mask, 0xFFFFFFFFul), "-1");
+    EXPECT_EQ(Stored<unsigned long>(map, Mask, 0x80000000ul), "-2147483648");
+    EXPECT_EQ(Stored(map, Ratio, 1.5), "1.500000");
+    EXPECT_EQ(Stored<std::string>(map, Name, "arm 2"), "arm 2");
 }
 
 TEST_F(RegistryMapTest, TextsReadBackAsTheRuntimeConvertsThem) {
     struct Row {
         int id;
         const char *text;
-        long expected;  // as the target type reads it, widened
+        double expected;
     };
     const Row rows[] = {
         {Flag, "", 1},         {Flag, "0", 0},         {Flag, "00", 1},       {Flag, "false", 1},
         {Letter, "300", 44},   {Byte, "-1", 255},      {Byte, "x", 0},        {Small, "70000", 4464},
         {Port, "-1", 65535},   {Count, " 42abc", 42},  {Count, "99999999999", 2147483647},
-        {Mask, "4294967295", 2147483647},               {Mask, "-2", 4294967294},
+        {Mask, "4294967295", 2147483647},               {Mask, "-2", 4294967294}, {Ratio, "1.5", 1.5},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(std::string(row.text) + " for id " + std::to_string(row.id));
@@ -76,25 +83,8 @@ TEST_F(RegistryMapTest, TextsReadBackAsTheRuntimeConvertsThem) {
         table.at(row.id).defaultValue = row.text;
         RegistryMap map(table);
         map.LoadDefaultValues();
-        long widened = -12345;
-        switch (table.at(row.id).type) {
-        case 1: { bool v; ASSERT_EQ(map.GetValue(row.id, v), 0); widened = v; break; }
-        case 2: { char v; ASSERT_EQ(map.GetValue(row.id, v), 0); widened = v; break; }
-        case 3: { unsigned char v; ASSERT_EQ(map.GetValue(row.id, v), 0); widened = v; break; }
-        case 4: { short v; ASSERT_EQ(map.GetValue(row.id, v), 0); widened = v; break; }
-        case 5: { unsigned short v; ASSERT_EQ(map.GetValue(row.id, v), 0); widened = v; break; }
-        case 6: { long v; ASSERT_EQ(map.GetValue(row.id, v), 0); widened = v; break; }
-        case 7: { unsigned long v; ASSERT_EQ(map.GetValue(row.id, v), 0); widened = static_cast<long>(v); break; }
-        }
-        EXPECT_EQ(widened, row.expected);
+        EXPECT_EQ(kReaders[table.at(row.id).type](map, row.id), row.expected);
     }
-    RegistryMapInfo table = Table();
-    table.at(Ratio).defaultValue = "1.5";
-    RegistryMap map(table);
-    map.LoadDefaultValues();
-    double ratio = 0;
-    ASSERT_EQ(map.GetValue(Ratio, ratio), 0);
-    EXPECT_EQ(ratio, 1.5);
 }
 
 TEST_F(RegistryMapTest, ResultCodesTellUnknownIdWrongTypeAndNoValue) {
@@ -120,32 +110,23 @@ TEST_F(RegistryMapTest, LoadFallsBackToDefaultsAndSaveWritesOnlyCurrentValues) {
 
     RegistryMap map(Table());
     map.LoadValues(registry, "Drivers\\Arm");
-    unsigned short port = 0;
-    ASSERT_EQ(map.GetValue(Port, port), 0);
-    EXPECT_EQ(port, 9000);
-    long count = 0;
-    ASSERT_EQ(map.GetValue(Count, count), 0);
-    EXPECT_EQ(count, 12);
+    EXPECT_EQ(ReadAs<unsigned short>(map, Port), 9000);
+    EXPECT_EQ(ReadAs<long>(map, Count), 12);
     std::string name;
     ASSERT_EQ(map.GetValue(Name, name), 0);
     EXPECT_EQ(name, "robot");
 
     map.LoadValues(registry, "Drivers\\Missing");  // nothing there: all defaults
-    ASSERT_EQ(map.GetValue(Port, port), 0);
-    EXPECT_EQ(port, 8080);
+    EXPECT_EQ(ReadAs<unsigned short>(map, Port), 8080);
 
     RegistryMap copy(map);
     copy.Clear();
     copy.SaveValues(registry, "Drivers\\Empty");
     EXPECT_EQ(registry.HasEntries("Drivers\\Empty", nullptr, nullptr), 0);
-    ASSERT_EQ(copy.SetValue(Name, std::string("gripper")), 0);
-    copy.SaveValues(registry, "Drivers\\Empty");
-    unsigned long values = 0;
-    EXPECT_EQ(registry.HasEntries("Drivers\\Empty", nullptr, &values), 1);
+    EXPECT_EQ(Stored<std::string>(copy, Name, "gripper"), "gripper");
+    unsigned long values = 0;  // only the one current value is saved
+    EXPECT_EQ(registry.HasEntries("Probe", nullptr, &values), 1);
     EXPECT_EQ(values, 1u);
-    std::string stored;
-    ASSERT_EQ(registry.LoadKey("Drivers\\Empty", "Name", stored), 1);
-    EXPECT_EQ(stored, "gripper");
     ASSERT_EQ(map.GetValue(Name, name), 0);  // the copy's values are its own
     EXPECT_EQ(name, "robot");
 }
