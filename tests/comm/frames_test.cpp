@@ -51,32 +51,32 @@ TEST(Frames, ShortFrameExampleBytes) {
     EXPECT_EQ(wire, frame.checksum);
 }
 
-TEST(Frames, EmptyPayloadSizes) {
-    EXPECT_EQ(EthernetFrame(0x10, nullptr, 0).bytes, (Bytes{0x10, 0, 0}));
-    EXPECT_EQ(SerialFrame(0x10, nullptr, 0, false).bytes.size(), 5u);
-    const SerialFrame longFrame(0x10, nullptr, 0, true);
-    ASSERT_EQ(longFrame.bytes.size(), 10u);
-    EXPECT_EQ(Bytes(longFrame.bytes.begin(), longFrame.bytes.begin() + 8),
-              (Bytes{0x11, 0x05, 0x00, 0x03, 0x00, 0x10, 0x00, 0x00}));
-}
-
-TEST(Frames, LongFrameLayout) {
+TEST(Frames, SizesAndHeaders) {
     const Bytes payload = Payload(300, 9);
-    const SerialFrame frame(0x42, payload.data(), 300, true);
-    ASSERT_EQ(frame.bytes.size(), 310u);
-    EXPECT_EQ(Bytes(frame.bytes.begin(), frame.bytes.begin() + 8),
-              (Bytes{0x11, 0x05, 0x00, 0x2F, 0x01, 0x42, 0x2C, 0x01}));
-    EXPECT_EQ(Bytes(frame.bytes.begin() + 8, frame.bytes.end() - 2), payload);
-    const unsigned short crc = qor::Crc16Xmodem(frame.bytes.data(), 308);
-    EXPECT_EQ(frame.bytes[308], crc >> 8);
-    EXPECT_EQ(frame.bytes[309], crc & 0xFF);
-}
-
-TEST(Frames, ShortFrameKeepsOnlyLowLengthByteButWholePayload) {
-    const Bytes payload = Payload(300);
-    const SerialFrame frame(0x21, payload.data(), 300, false);
-    EXPECT_EQ(frame.bytes[2], 0x2C);
-    EXPECT_EQ(frame.bytes.size(), 305u);
+    struct Case {
+        const char *what;
+        Bytes bytes;
+        std::size_t size;
+        Bytes header;
+    } cases[] = {
+        {"empty Ethernet", EthernetFrame(0x10, nullptr, 0).bytes, 3, {0x10, 0, 0}},
+        {"empty short", SerialFrame(0x10, nullptr, 0, false).bytes, 5, {0x11, 0x10, 0x00}},
+        {"empty long", SerialFrame(0x10, nullptr, 0, true).bytes, 10,
+         {0x11, 0x05, 0x00, 0x03, 0x00, 0x10, 0x00, 0x00}},
+        {"long", SerialFrame(0x42, payload.data(), 300, true).bytes, 310,
+         {0x11, 0x05, 0x00, 0x2F, 0x01, 0x42, 0x2C, 0x01}},
+        // A short frame keeps only the low length byte, but the whole payload.
+        {"short of 300", SerialFrame(0x21, payload.data(), 300, false).bytes, 305, {0x11, 0x21, 0x2C}},
+    };
+    for (const Case &c : cases) {
+        ASSERT_EQ(c.bytes.size(), c.size) << c.what;
+        EXPECT_EQ(Bytes(c.bytes.begin(), c.bytes.begin() + c.header.size()), c.header) << c.what;
+    }
+    const Bytes &longFrame = cases[3].bytes;
+    EXPECT_EQ(Bytes(longFrame.begin() + 8, longFrame.end() - 2), payload);
+    const unsigned short crc = qor::Crc16Xmodem(longFrame.data(), 308);
+    EXPECT_EQ(longFrame[308], crc >> 8);
+    EXPECT_EQ(longFrame[309], crc & 0xFF);
 }
 
 TEST(Frames, EthernetLengthIsCutTo16Bits) {
