@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "SettingsTestSupport.h"
@@ -75,9 +76,7 @@ TEST_F(RegistryCommandTest, WritesListsExportsImportsAndDeletes) {
 
 TEST_F(RegistryCommandTest, FailuresPrintTheSystemsWordsAndExitNonZero) {
     const std::string document = hives.Folder() + "/other.xml";
-    std::FILE *file = std::fopen(document.c_str(), "w");
-    std::fputs("<?xml version='1.0' ?><Brindlemar file='Other' extrainfo='E'><values /></Brindlemar>", file);
-    std::fclose(file);
+    std::ofstream(document) << "<?xml version='1.0' ?><Brindlemar file='Other' extrainfo='E'><values /></Brindlemar>";
     Ran wrongType = Run("import '" + document + "' X");
     EXPECT_EQ(wrongType.status, 1);
     EXPECT_EQ(wrongType.out, "qor registry: The file type is incorrect.\n");

@@ -2,6 +2,7 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -19,6 +20,11 @@ protected:
     HKEY Create(const char *path, HKEY root = HKEY_CURRENT_USER) {
         HKEY key = nullptr;
         EXPECT_EQ(reg::CreateKey(root, path, reg::kAllAccess, &key), reg::kSuccess) << path;
+        return key;
+    }
+    HKEY Open(const char *path, reg::REGSAM access = reg::kRead) {
+        HKEY key = nullptr;
+        EXPECT_EQ(reg::OpenKey(HKEY_CURRENT_USER, path, access, &key), reg::kSuccess) << path;
         return key;
     }
     std::vector<std::string> SubKeys(HKEY key) {
@@ -50,21 +56,15 @@ TEST_F(RegistryStoreTest, NamesMatchWithoutCaseAndKeepTheCaseTheyWereMadeWith) {
     EXPECT_EQ(data, std::string("COM2", 5));
     reg::CloseKey(key);
 
-    HKEY again = nullptr;
-    ASSERT_EQ(reg::OpenKey(HKEY_CURRENT_USER, "SOFTWARE\\vendor\\DEVICE", reg::kRead, &again), reg::kSuccess);
-    reg::CloseKey(again);
-    HKEY root = nullptr;
-    ASSERT_EQ(reg::OpenKey(HKEY_CURRENT_USER, "software", reg::kRead, &root), reg::kSuccess);
+    reg::CloseKey(Open("SOFTWARE\\vendor\\DEVICE"));
+    HKEY root = Open("software");
     EXPECT_EQ(SubKeys(root), std::vector<std::string>{"Vendor"});
     reg::CloseKey(root);
 }
 
 TEST_F(RegistryStoreTest, SubkeysComeInNameOrderWithLettersFoldedToUpperCase) {
     HKEY key = Create("Order");
-    for (const char *name : {"beta", "Device_B", "DeviceA", "alpha", "Zeta", "10", "9"}) {
-        HKEY child = Create(name, key);
-        reg::CloseKey(child);
-    }
+    for (const char *name : {"beta", "Device_B", "DeviceA", "alpha", "Zeta", "10", "9"}) reg::CloseKey(Create(name, key));
     // '_' sorts after the letters once they are upper case, as the registry sorts.
     EXPECT_EQ(SubKeys(key), (std::vector<std::string>{"10", "9", "alpha", "beta", "DeviceA", "Device_B", "Zeta"}));
     reg::CloseKey(key);
@@ -111,7 +111,7 @@ TEST_F(RegistryStoreTest, RefusesWhatTheRegistryRefuses) {
 
     // A key opened for reading cannot be written through.
     reg::CloseKey(Create("Rights"));
-    ASSERT_EQ(reg::OpenKey(HKEY_CURRENT_USER, "Rights", reg::kRead, &key), reg::kSuccess);
+    key = Open("Rights");
     EXPECT_EQ(reg::SetValue(key, "v", REG_DWORD, "\1\0\0\0", 4), reg::kAccessDenied);
     EXPECT_EQ(reg::CreateKey(key, "Child", reg::kAllAccess, nullptr), reg::kInvalidParameter);
     HKEY child = nullptr;
@@ -122,8 +122,7 @@ TEST_F(RegistryStoreTest, RefusesWhatTheRegistryRefuses) {
 }
 
 TEST_F(RegistryStoreTest, AKeyWithSubkeysIsNotDeletedAndADeletedKeyTakesNoValues) {
-    HKEY parent = Create("Parent\\Child");
-    reg::CloseKey(parent);
+    reg::CloseKey(Create("Parent\\Child"));
     EXPECT_EQ(reg::DeleteKey(HKEY_CURRENT_USER, "Parent"), reg::kAccessDenied);
     EXPECT_EQ(reg::DeleteKey(HKEY_CURRENT_USER, nullptr), reg::kAccessDenied);  // a hive stays
 
@@ -168,11 +167,7 @@ TEST_F(RegistryStoreTest, EachHiveIsAFileOfItsOwn) {
 
 TEST_F(RegistryStoreTest, AStoreThatIsNoDatabaseFailsCleanly) {
     const std::string bogus = hives.Folder() + "/bogus.db";
-    {
-        FILE *file = std::fopen(bogus.c_str(), "w");
-        std::fputs("this is not a database, not even a little bit, and it is long enough", file);
-        std::fclose(file);
-    }
+    std::ofstream(bogus) << "this is not a database, not even a little bit, and it is long enough";
     qor::SetRegistryHiveFile(HKEY_CURRENT_USER, bogus);
     CRegistry registry;
     EXPECT_EQ(registry.SaveKey("a", "b", "c"), 0);

@@ -111,11 +111,8 @@ TEST_F(RegistryTest, CopyKeyCopiesEveryValueAndSubkeyAcrossHives) {
     EXPECT_EQ(subkeys, 2u);
 
     EXPECT_NE(registry.CopyKey(HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE, "Missing", "Dst2"), 0);
-}
-
-TEST_F(RegistryTest, CopyingAKeyIntoItselfEndsAtTheDepthLimit) {
-    ASSERT_EQ(registry.SaveKey("Loop", "v", "1"), 1);
-    EXPECT_NE(registry.CopyKey(HKEY_CURRENT_USER, HKEY_CURRENT_USER, "Loop", "Loop\\Inner"), 0);
+    // A key copied into itself ends at the depth limit instead of looping.
+    EXPECT_NE(registry.CopyKey(HKEY_CURRENT_USER, HKEY_CURRENT_USER, "Src", "Src\\Inner"), 0);
 }
 
 TEST_F(RegistryTest, ConnectingToAnotherMachineIsRefusedAndKeepsTheRoot) {
@@ -124,9 +121,6 @@ TEST_F(RegistryTest, ConnectingToAnotherMachineIsRefusedAndKeepsTheRoot) {
     EXPECT_EQ(machine.GetKey(), HKEY_LOCAL_MACHINE);
     EXPECT_EQ(machine.Connect(nullptr, HKEY_CURRENT_USER), 1);
     EXPECT_EQ(machine.GetKey(), HKEY_CURRENT_USER);
-    EXPECT_EQ(machine.SetKey(HKEY_USERS), HKEY_CURRENT_USER);
-    CRegistry copy(machine);
-    EXPECT_EQ(copy.GetKey(), HKEY_USERS);
 }
 
 // Records every hit of a walk as one line, and stops when told.
