@@ -64,17 +64,6 @@ TEST_F(RegistryTest, FailedLoadsLeaveTheOutputAlone) {
     EXPECT_EQ(text, "before");
 }
 
-TEST_F(RegistryTest, SavingWithoutANameOnlyCreatesTheKey) {
-    ASSERT_EQ(registry.SaveKey("Only\\The\\Key", nullptr, "ignored"), 1);
-    unsigned long subkeys = 9, values = 9;
-    EXPECT_EQ(registry.HasEntries("Only\\The\\Key", &subkeys, &values), 0);
-    EXPECT_EQ(subkeys, 0u);
-    EXPECT_EQ(values, 0u);
-    EXPECT_EQ(registry.HasEntries("Only\\The", &subkeys, &values), 1);
-    EXPECT_EQ(subkeys, 1u);
-    EXPECT_EQ(registry.HasEntries("Not\\There", &subkeys, &values), 0);
-}
-
 TEST_F(RegistryTest, DeleteRemovesAValueOrAWholeTree) {
     ASSERT_EQ(registry.SaveKey("Tree\\A\\B\\C", "deep", "1"), 1);
     ASSERT_EQ(registry.SaveKey("Tree\\A", "v", "2"), 1);

@@ -34,7 +34,8 @@ protected:
         return xmlRegistry.ImportXML(parent, xml, kFileType, error, entry);
     }
 
-    // One value of every kind, a nested key and two empty ones.
+    // One value of every kind, a nested key and two empty ones (saving
+    // without a value name only creates the key).
     void SaveArm() {
         ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Name", "arm & 'hand'"), 1);
         ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Speed", 0xFFFFFFFFul), 1);
@@ -46,7 +47,7 @@ protected:
         ASSERT_EQ(registry.SaveKey("Lab\\Arm", "Raw", raw, 2), 1);
         ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper", "Force", 12ul), 1);
         ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper\\Empty", nullptr, nullptr), 1);
-        ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Axis", nullptr, nullptr), 1);
+        ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Axis", nullptr, "ignored"), 1);
     }
     std::string Text(const char *key, const char *name) {
         std::string text = "(missing)";
@@ -93,14 +94,14 @@ TEST_F(XMLRegistryTest, ExportWritesTheDocumentFormat) {
 }
 
 TEST_F(XMLRegistryTest, AnEmptyOrMissingKeyExportsEmptyValuesAndSubkeys) {
-    ASSERT_EQ(registry.SaveKey("Lab\\Blank", nullptr, nullptr), 1);
+    ASSERT_EQ(registry.SaveKey("Lab\\Blank\\Only\\The\\Key", nullptr, nullptr), 1);
     const std::string empty =
         "<?xml version='1.0' encoding='ASCII' ?>\n"
         "<Brindlemar extrainfo='Blank' file='Settings' md5sum='00000000000000000000000000000000' version='1.0' >\n"
         "\t<values />\n"
         "\t<subkeys />\n"
         "</Brindlemar>";
-    const std::string xml = Export("Lab\\Blank", "Blank");
+    const std::string xml = Export("Lab\\Blank\\Only\\The\\Key", "Blank");
     EXPECT_EQ(WithoutSum(xml), empty);
     EXPECT_EQ(WithoutSum(Export("Lab\\Nowhere", "Blank")), empty);
 
@@ -111,6 +112,8 @@ TEST_F(XMLRegistryTest, AnEmptyOrMissingKeyExportsEmptyValuesAndSubkeys) {
     EXPECT_EQ(subkeys + values, 0u);
     EXPECT_EQ(registry.HasEntries("Copies", &subkeys, &values), 1);
     EXPECT_EQ(subkeys, 1u);
+    EXPECT_EQ(registry.HasEntries("Lab\\Blank\\Only\\The", &subkeys, &values), 1);  // a path made whole
+    EXPECT_EQ(registry.HasEntries("Lab\\Nowhere", &subkeys, &values), 0);
 }
 
 TEST_F(XMLRegistryTest, ImportBringsNumbersBackAsNumbersAndAllElseAsStrings) {
