@@ -67,18 +67,23 @@ void ReadIpTables(const char *function, std::vector<qor::NetlinkInterface> &inte
     }
 }
 
-// Walks the address rows that belong to a listable interface.
-template <class Each>
-void ForEachAdapterAddress(const std::vector<qor::NetlinkInterface> &interfaces,
-                           const std::vector<qor::NetlinkAddress> &addresses, Each each) {
+// Reads both netlink tables and maps the name of each listable adapter to
+// what `value` makes of its address row; an adapter's first row wins.
+template <class Map, class Value>
+Map MapAdapterAddresses(const char *function, Value value) {
+    std::vector<qor::NetlinkInterface> interfaces;
+    std::vector<qor::NetlinkAddress> addresses;
+    ReadIpTables(function, interfaces, addresses);
+    Map adapters;
     for (const qor::NetlinkAddress &row : addresses) {
         if (!ListableAddress(row.address)) continue;
         for (const qor::NetlinkInterface &iface : interfaces) {
             if (iface.index != row.index || (iface.flags & IFF_LOOPBACK)) continue;
-            each(iface, row);
+            adapters.emplace(iface.name, value(row));
             break;
         }
     }
+    return adapters;
 }
 
 // The MAC of one of the host's own addresses, from its adapter.
@@ -168,31 +173,17 @@ LANInfo::AdapterAddresses LANInfo::GetLocalAdapterNamesIPH() {
 }
 
 LANInfo::AdapterAddresses LANInfo::GetLocalAdapterNamesIPH2() {
-    std::vector<qor::NetlinkInterface> interfaces;
-    std::vector<qor::NetlinkAddress> addresses;
-    ReadIpTables("LANInfo::GetLocalAdapterNamesIPH2", interfaces, addresses);
-    AdapterAddresses adapters;
-    ForEachAdapterAddress(interfaces, addresses,
-                          [&](const qor::NetlinkInterface &iface, const qor::NetlinkAddress &row) {
-                              adapters.emplace(iface.name, DottedAddress(row.address));
-                          });
-    return adapters;
+    return MapAdapterAddresses<AdapterAddresses>("LANInfo::GetLocalAdapterNamesIPH2",
+                                                 [](const qor::NetlinkAddress &row) { return DottedAddress(row.address); });
 }
 
 LANInfo::SubnetMasks LANInfo::GetSubnetMasksIPH() {
-    std::vector<qor::NetlinkInterface> interfaces;
-    std::vector<qor::NetlinkAddress> addresses;
-    ReadIpTables("LANInfo::GetSubnetMasksIPH", interfaces, addresses);
-    SubnetMasks masks;
-    ForEachAdapterAddress(interfaces, addresses,
-                          [&](const qor::NetlinkInterface &iface, const qor::NetlinkAddress &row) {
-                              std::uint32_t host = row.prefixLength == 0 ? 0
-                                                   : row.prefixLength >= 32
-                                                       ? 0xFFFFFFFFu
-                                                       : ~((1u << (32 - row.prefixLength)) - 1);
-                              masks.emplace(iface.name, static_cast<unsigned long>(htonl(host)));
-                          });
-    return masks;
+    return MapAdapterAddresses<SubnetMasks>("LANInfo::GetSubnetMasksIPH", [](const qor::NetlinkAddress &row) {
+        std::uint32_t host = row.prefixLength == 0 ? 0
+                             : row.prefixLength >= 32 ? 0xFFFFFFFFu
+                                                      : ~((1u << (32 - row.prefixLength)) - 1);
+        return static_cast<unsigned long>(htonl(host));
+    });
 }
 
 LANInfo::MACAddresses LANInfo::GetMACAddressesIPH(const std::vector<std::string> &ips) {
