@@ -43,25 +43,26 @@ struct InterfaceAddressList {
     }
 };
 
+// Throws for a failed netlink read, with the texts of the IP Helper call it
+// stands in for.
+void CheckNetlinkRead(qor::NetlinkFailure failure, const char *function, const char *onSocket,
+                      const char *onDump) {
+    switch (failure) {
+    case qor::NetlinkFailure::Socket: throw LANInfoException(function, onSocket, errno, 0);
+    case qor::NetlinkFailure::Dump: throw LANInfoException(function, onDump, errno, 0);
+    case qor::NetlinkFailure::None: break;
+    }
+}
+
 // Reads both netlink tables; throws with the texts of the IP Helper calls
 // they stand in for.
 void ReadIpTables(const char *function, std::vector<qor::NetlinkInterface> &interfaces,
                   std::vector<qor::NetlinkAddress> &addresses) {
     try {
-        switch (qor::ReadNetlinkInterfaces(interfaces)) {
-        case qor::NetlinkFailure::Socket:
-            throw LANInfoException(function, "Unexpected return code from GetIfTable", errno, 0);
-        case qor::NetlinkFailure::Dump:
-            throw LANInfoException(function, "GetIfTable failed", errno, 0);
-        case qor::NetlinkFailure::None: break;
-        }
-        switch (qor::ReadNetlinkAddresses(addresses)) {
-        case qor::NetlinkFailure::Socket:
-            throw LANInfoException(function, "Unexpected return code from GetIpAddrTable", errno, 0);
-        case qor::NetlinkFailure::Dump:
-            throw LANInfoException(function, "GetIpAddrTable1 failed", errno, 0);
-        case qor::NetlinkFailure::None: break;
-        }
+        CheckNetlinkRead(qor::ReadNetlinkInterfaces(interfaces), function, "Unexpected return code from GetIfTable",
+                         "GetIfTable failed");
+        CheckNetlinkRead(qor::ReadNetlinkAddresses(addresses), function,
+                         "Unexpected return code from GetIpAddrTable", "GetIpAddrTable1 failed");
     } catch (const std::bad_alloc &) {
         throw LANInfoException(function, "Out of memory", ENOMEM, 0);
     }
