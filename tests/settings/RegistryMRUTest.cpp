@@ -87,17 +87,17 @@ TEST_F(RegistryMRUTest, LoadingClosesGapsAndSavingLeavesHigherNumbersBehind) {
         RegistryMRU mru(kKey, HKEY_CURRENT_USER, 5, true);
         mru.DeleteMRUs();
     }
-    RegistryMRU reloaded(kKey, HKEY_CURRENT_USER, 5, true);
-    EXPECT_EQ(List(reloaded), (Entries{"zero", "two"}));  // doubles collapse, the later one's place
-}
+    {
+        RegistryMRU reloaded(kKey, HKEY_CURRENT_USER, 5, true);
+        EXPECT_EQ(List(reloaded), (Entries{"zero", "two"}));  // doubles collapse, the later one's place
+    }
 
-TEST_F(RegistryMRUTest, DoublesInTheRegistryCollapseWithTheLaterOneWinning) {
-    CRegistry registry;
+    // Without case, "a" and "A" are doubles too, and the later one wins.
     ASSERT_EQ(registry.SaveKey(kKey, "MRU 0", "a"), 1);
     ASSERT_EQ(registry.SaveKey(kKey, "MRU 1", "b"), 1);
     ASSERT_EQ(registry.SaveKey(kKey, "MRU 2", "A"), 1);
-    RegistryMRU mru(kKey, HKEY_CURRENT_USER, 5, false);
-    EXPECT_EQ(List(mru), (Entries{"b", "A"}));
+    RegistryMRU folded(kKey, HKEY_CURRENT_USER, 5, false);
+    EXPECT_EQ(List(folded), (Entries{"b", "A"}));
 }
 
 TEST_F(RegistryMRUTest, ALimitOfZeroLoadsAndSavesNothing) {

@@ -49,6 +49,11 @@ protected:
         ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Gripper\\Empty", nullptr, nullptr), 1);
         ASSERT_EQ(registry.SaveKey("Lab\\Arm\\Axis", nullptr, "ignored"), 1);
     }
+    // The number stored under `name`, or 0xBAD when none loads.
+    unsigned long Number(const char *key, const char *name) {
+        unsigned long number = 0;
+        return registry.LoadKey(key, name, number) ? number : 0xBAD;
+    }
     std::string Text(const char *key, const char *name) {
         std::string text = "(missing)";
         registry.LoadKey(key, name, text);
@@ -120,11 +125,8 @@ TEST_F(XMLRegistryTest, ImportBringsNumbersBackAsNumbersAndAllElseAsStrings) {
     SaveArm();
     const std::string xml = Export("Lab\\Arm", "Original");
     ASSERT_TRUE(Import("Imported\\", xml, "Renamed")) << error;
-    unsigned long number = 0;
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed", "Speed", number), 1);
-    EXPECT_EQ(number, 0xFFFFFFFFul);
-    EXPECT_EQ(registry.LoadKey("Imported\\Renamed\\Gripper", "Force", number), 1);
-    EXPECT_EQ(number, 12u);
+    EXPECT_EQ(Number("Imported\\Renamed", "Speed"), 0xFFFFFFFFul);
+    EXPECT_EQ(Number("Imported\\Renamed\\Gripper", "Force"), 12u);
     EXPECT_EQ(Text("Imported\\Renamed", "Name"), "arm & 'hand'");
     EXPECT_EQ(Text("Imported\\Renamed", "Big"), "7");
     EXPECT_EQ(Text("Imported\\Renamed", "Ports"), "");
@@ -136,7 +138,7 @@ TEST_F(XMLRegistryTest, ImportBringsNumbersBackAsNumbersAndAllElseAsStrings) {
     // Without an entry name the document's own name is used; the parent
     // path is taken as it stands.
     ASSERT_TRUE(Import("", xml)) << error;
-    EXPECT_EQ(registry.LoadKey("Original", "Speed", number), 1);
+    EXPECT_EQ(Number("Original", "Speed"), 0xFFFFFFFFul);
 }
 
 TEST_F(XMLRegistryTest, ImportSkipsEmptyValuesAndReadsNumbersAsAStreamDoes) {
@@ -150,13 +152,9 @@ TEST_F(XMLRegistryTest, ImportSkipsEmptyValuesAndReadsNumbersAsAStreamDoes) {
     unsigned long values = 0;
     EXPECT_EQ(registry.HasEntries("E", nullptr, &values), 1);
     EXPECT_EQ(values, 4u);
-    unsigned long number = 1;
-    EXPECT_EQ(registry.LoadKey("E", "neg", number), 1);
-    EXPECT_EQ(number, 0xFFFFFFFFul);
-    EXPECT_EQ(registry.LoadKey("E", "junk", number), 1);
-    EXPECT_EQ(number, 12u);
-    EXPECT_EQ(registry.LoadKey("E", "bad", number), 1);
-    EXPECT_EQ(number, 0u);
+    EXPECT_EQ(Number("E", "neg"), 0xFFFFFFFFul);
+    EXPECT_EQ(Number("E", "junk"), 12u);
+    EXPECT_EQ(Number("E", "bad"), 0u);
     EXPECT_EQ(Text("E", "notype"), "v");
 }
 
@@ -216,8 +214,7 @@ TEST_F(XMLRegistryTest, AFailedImportKeepsWhatItWroteBefore) {
     EXPECT_FALSE(Import("", xml));
     EXPECT_EQ(error, "The xml file is invalid.");
     EXPECT_EQ(Text("Partial", "first"), "kept");
-    unsigned long number = 0;
-    EXPECT_EQ(registry.LoadKey("Partial\\Good", "v", number), 1);
+    EXPECT_EQ(Number("Partial\\Good", "v"), 1u);
 }
 
 TEST_F(XMLRegistryTest, DocumentsTheXMLLayerCannotReadThrowItsException) {
