@@ -172,6 +172,8 @@ private:
     // Checks that the socket can Receive, arms the read condition again, and
     // gives the count of bytes waiting (under lock).
     unsigned int WaitingForReceive();
+    // The local address and port of the open socket (under lock).
+    sockaddr_in LocalName();
     // Closes the handle if it is still that of `generation` (under lock).
     bool CloseHandleOf(unsigned generation);
 

@@ -220,24 +220,23 @@ std::string CSuperSocket::GetIdentifierString() {
     return remoteAddress + ":" + std::to_string(remotePort);
 }
 
-std::string CSuperSocket::GetLocalAddress() {
-    Guard guard(lock);
+sockaddr_in CSuperSocket::LocalName() {
     if (socket < 0) Fail("CSuperSocket::GetLocalPort::socket not open");
     sockaddr_in local{};
     socklen_t size = sizeof local;
     if (::getsockname(socket, reinterpret_cast<sockaddr *>(&local), &size) != 0)
         FailWithErrno("CSuperSocket::GetLocalPort::getsockname::");
-    return Dotted(local.sin_addr);
+    return local;
+}
+
+std::string CSuperSocket::GetLocalAddress() {
+    Guard guard(lock);
+    return Dotted(LocalName().sin_addr);
 }
 
 unsigned short CSuperSocket::GetLocalPort() {
     Guard guard(lock);
-    if (socket < 0) Fail("CSuperSocket::GetLocalPort::socket not open");
-    sockaddr_in local{};
-    socklen_t size = sizeof local;
-    if (::getsockname(socket, reinterpret_cast<sockaddr *>(&local), &size) != 0)
-        FailWithErrno("CSuperSocket::GetLocalPort::getsockname::");
-    return ntohs(local.sin_port);
+    return ntohs(LocalName().sin_port);
 }
 
 std::string CSuperSocket::GetRemoteAddress() {
