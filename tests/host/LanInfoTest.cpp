@@ -26,10 +26,7 @@ std::string ReadData(const std::string &name) {
 // never count, MACs come out upper case with hyphens, the first row of an
 // address wins.
 TEST(ArpListing, ParsesEachListingFormat) {
-    struct Case {
-        std::string text;
-        Rows expected;
-    };
+    struct Case { std::string text; Rows expected; };
     const Case cases[] = {
         {"  10.1.1.1   00-11-22-33-44-55   static\n", {}},
         {"  10.1.1.1   00-11-22-33-44   dynamic\n", {}},
@@ -50,10 +47,7 @@ TEST(ArpListing, ParsesEachListingFormat) {
 }
 
 TEST(LANInfo, MacTextConversions) {
-    struct Case {
-        const char *text;
-        bool valid;
-    };
+    struct Case { const char *text; bool valid; };
     const Case cases[] = {
         {"00-1A-2B-3C-4D-5E", true}, {"00:1a:2b:3c:4d:5e", true}, {"00-1a:2B-3c:4D-5e", true},
         {"00-1A-2B-3C-4D", false},   {"00-1A-2B-3C-4D-5E-6F", false}, {"0-1A-2B-3C-4D-5E", false},
@@ -159,11 +153,7 @@ TEST(LANInfo, NeighboursAnswerThroughBothMacStrategies) {
 }
 
 TEST(LANInfo, NetBiosHelpersReportTheirFailures) {
-    struct Case {
-        const char *function;
-        const char *message;
-        void (*call)();
-    };
+    struct Case { const char *function, *message; void (*call)(); };
     const Case cases[] = {
         {"LANInfo::NBEnum", "NetBIOS LAN adapter enumeration failed.", [] { _LANA_ENUM lanas{}; LANInfo::NBEnum(lanas); }},
         {"LANInfo::NBReset", "NetBIOS LAN adapter reset failed.", [] { LANInfo::NBReset(0, 20, 30); }},

@@ -66,12 +66,7 @@ TEST_P(VersionInfoImage, ReadsFixedPartAndStringsFromAFile) {
 INSTANTIATE_TEST_SUITE_P(Pe32AndPe32Plus, VersionInfoImage, ::testing::Values(false, true));
 
 TEST(VersionInfo, VersionTextsAreNormalised) {
-    struct Case {
-        const char *fileVersion;
-        const char *expectFile;
-        const char *productVersion;
-        const char *expectProduct;
-    };
+    struct Case { const char *fileVersion, *expectFile, *productVersion, *expectProduct; };
     const Case cases[] = {
         {"1, 2, 3, 4", "1.2.3.4", "1, 2, 3, 4", "1.2.3.4"},
         {"7", "7.0.0", "7", "7"},
@@ -243,10 +238,7 @@ TEST(VersionInfo, HostileSizesAreBoundedByTheirParents) {
 }
 
 TEST(OSVersionInfo, CodeTable) {
-    struct Row {
-        unsigned major, minor, platform;
-        int code;
-    };
+    struct Row { unsigned major, minor, platform; int code; };
     const Row rows[] = {
         {3, 51, 2, 1}, {3, 10, 2, 0}, {4, 0, 2, 2}, {4, 0, 1, 3}, {4, 0, 0, 0},  {4, 10, 1, 4},
         {4, 90, 1, 5}, {4, 20, 2, 0}, {5, 0, 2, 6}, {5, 1, 2, 7}, {5, 2, 2, 8},  {5, 3, 2, 0},
