@@ -154,6 +154,9 @@ TEST(VersionInfo, FilesWithoutAResourceLeaveTheObjectEmpty) {
         EXPECT_EQ(info.GetCompanyName(), "Unknown");
         EXPECT_EQ(info.GetFileVersionAsString(), "Unknown");
     }
+    CVersionInfo self(static_cast<HINSTANCE__ *>(nullptr));  // the running program is no PE file
+    EXPECT_EQ(self.GetFixedFileInfo(), nullptr);
+    EXPECT_EQ(self.GetTranslationCount(), 0);
     // A failed load forgets what an earlier one held.
     CVersionInfo info = LoadLayout(TypicalVersionLayout());
     ASSERT_NE(info.GetFixedFileInfo(), nullptr);
@@ -189,12 +192,6 @@ TEST(VersionInfo, RealPeFileWithoutResources) {
         CVersionInfo cut;
         EXPECT_EQ(cut.LoadFromMemory(image.data(), size), 0) << size;
     }
-}
-
-TEST(VersionInfo, RunningProgramIsNoPeFile) {
-    CVersionInfo self(static_cast<HINSTANCE__ *>(nullptr));
-    EXPECT_EQ(self.GetFixedFileInfo(), nullptr);
-    EXPECT_EQ(self.GetTranslationCount(), 0);
 }
 
 // Every prefix of a valid image, and images with bytes changed at random,
