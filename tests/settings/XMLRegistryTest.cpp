@@ -167,36 +167,29 @@ TEST_F(XMLRegistryTest, ImportRefusesWithTheSystemsWords) {
         std::string error;
     };
     const std::string head = "<?xml version='1.0' ?>";
+    const std::string open = head + "<Brindlemar file='Settings' extrainfo='E'>", close = "</Brindlemar>";
+    const std::string invalid = "The xml file is invalid.";
     const std::string permission =
         "Please make sure you have permission to write at the specified location: ";
+    const std::string longKey(256, 'k');
     const Row rows[] = {
-        {"file type", "", head + "<Brindlemar file='Other' extrainfo='E'><values /><subkeys /></Brindlemar>", "",
+        {"file type", "", head + "<Brindlemar file='Other' extrainfo='E'><values /><subkeys />" + close, "",
          "The file type is incorrect."},
-        {"no file type", "", head + "<Brindlemar extrainfo='E'><values /></Brindlemar>", "",
-         "The file type is incorrect."},
-        {"empty name", "", head + "<Brindlemar file='Settings'><values /></Brindlemar>", "",
-         "The entry name is empty."},
-        {"empty name despite entry", "", head + "<Brindlemar file='Settings' extrainfo=''><values /></Brindlemar>",
+        {"no file type", "", head + "<Brindlemar extrainfo='E'><values />" + close, "", "The file type is incorrect."},
+        {"empty name", "", head + "<Brindlemar file='Settings'><values />" + close, "", "The entry name is empty."},
+        {"empty name despite entry", "", head + "<Brindlemar file='Settings' extrainfo=''><values />" + close,
          "Given", "The entry name is empty."},
-        {"no children", "", head + "<Brindlemar file='Settings' extrainfo='E' />", "", "The xml file is invalid."},
-        {"subkeys first", "", head + "<Brindlemar file='Settings' extrainfo='E'><subkeys /><values /></Brindlemar>",
-         "", "The xml file is invalid."},
-        {"second not subkeys", "",
-         head + "<Brindlemar file='Settings' extrainfo='E'><values /><other /></Brindlemar>", "",
-         "The xml file is invalid."},
-        {"subkey without values", "",
-         head + "<Brindlemar file='Settings' extrainfo='E'><values /><subkeys><subkey name='S' /></subkeys></Brindlemar>",
-         "", "The xml file is invalid."},
-        {"unwritable key", "\\", head + "<Brindlemar file='Settings' extrainfo='E'><values /></Brindlemar>", "",
-         permission + "\\E\\"},
+        {"no children", "", head + "<Brindlemar file='Settings' extrainfo='E' />", "", invalid},
+        {"subkeys first", "", open + "<subkeys /><values />" + close, "", invalid},
+        {"second not subkeys", "", open + "<values /><other />" + close, "", invalid},
+        {"subkey without values", "", open + "<values /><subkeys><subkey name='S' /></subkeys>" + close, "", invalid},
+        {"unwritable key", "\\", open + "<values />" + close, "", permission + "\\E\\"},
         {"unwritable value", "",
-         head + "<Brindlemar file='Settings' extrainfo='E'><values><value name='" + std::string(16384, 'n') +
-             "' value='v' /></values></Brindlemar>",
-         "", permission + "E\\"},
+         open + "<values><value name='" + std::string(16384, 'n') + "' value='v' /></values>" + close, "",
+         permission + "E\\"},
         {"unwritable subkey", "",
-         head + "<Brindlemar file='Settings' extrainfo='E'><values /><subkeys><subkey name='" +
-             std::string(256, 'k') + "'><values /></subkey></subkeys></Brindlemar>",
-         "", permission + "E\\" + std::string(256, 'k') + "\\"},
+         open + "<values /><subkeys><subkey name='" + longKey + "'><values /></subkey></subkeys>" + close, "",
+         permission + "E\\" + longKey + "\\"},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
