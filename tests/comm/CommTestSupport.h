@@ -94,6 +94,17 @@ inline void ExpectNoLeak(const std::function<void()> &body) {
     EXPECT_TRUE(resources.Clean()) << resources.Report();
 }
 
+// The message of the E that `run` throws; "(nothing thrown)" when it returns.
+template <class E, class F>
+std::string ThrownMessage(F run) {
+    try {
+        run();
+    } catch (const E &e) {
+        return e.message;
+    }
+    return "(nothing thrown)";
+}
+
 // A one-shot signal between test threads.
 class Signal {
 public:

@@ -242,12 +242,9 @@ TEST(DeviceComm, TakesALinkItIsGivenAndSurvivesAFailedSerialOpen) {
         EXPECT_EQ(data, (Bytes{4, 2}));
         EXPECT_EQ(link->lastMessages[0x22], (Bytes{4, 2}));
         // A serial port that does not exist: the old link is gone, no new one.
-        try {
-            comm.connect(9999, 9600, 8, 0, 0, 0);
-            ADD_FAILURE() << "opened a port that does not exist";
-        } catch (const QorDeviceCommException &e) {
-            EXPECT_EQ(e.message, "Failed to open the specified serial port");
-        }
+        EXPECT_EQ(comm_test::ThrownMessage<QorDeviceCommException>(
+                      [&] { comm.connect(9999, 9600, 8, 0, 0, 0); }),
+                  "Failed to open the specified serial port");
         EXPECT_FALSE(comm.isConnected());
     });
 }

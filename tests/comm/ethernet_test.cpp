@@ -39,21 +39,15 @@ void ConnectToAVanishingDevice(QorDeviceComm &comm) {
 TEST(Ethernet, RefusedAndSilentDevicesGiveTheirTexts) {
     comm_test::ExpectNoLeak([&] {
         QorDeviceComm comm;
-        try {
-            comm.connect("127.0.0.1", comm_test::RefusingPort());
-            ADD_FAILURE() << "connected to a closed port";
-        } catch (const QorDeviceCommException &e) {
-            EXPECT_EQ(e.message, "Failed to connect to device via Ethernet");
-        }
+        EXPECT_EQ(comm_test::ThrownMessage<QorDeviceCommException>(
+                      [&] { comm.connect("127.0.0.1", comm_test::RefusingPort()); }),
+                  "Failed to connect to device via Ethernet");
         EXPECT_FALSE(comm.isConnected());
         EXPECT_THROW(comm.sendCommand(0x20, Bytes{}, false, nullptr), QorDeviceCommException);
         comm_test::SilentListener silent;
-        try {
-            QorEthernetConnection timedOut("127.0.0.1", silent.Port(), &comm);
-            ADD_FAILURE() << "connected to a full listener";
-        } catch (const QorDeviceCommException &e) {
-            EXPECT_EQ(e.message, "Timed out while trying to connect to device via Ethernet");
-        }
+        EXPECT_EQ(comm_test::ThrownMessage<QorDeviceCommException>(
+                      [&] { QorEthernetConnection timedOut("127.0.0.1", silent.Port(), &comm); }),
+                  "Timed out while trying to connect to device via Ethernet");
         // A name that does not resolve fails in the socket layer.
         EXPECT_THROW(QorEthernetConnection("no-such-host.invalid", 1, &comm), CSuperSocketException);
     });
@@ -176,12 +170,9 @@ TEST(Ethernet, SendGivesUpAfterSixAttemptsWithTheLastReason) {
         QorDeviceComm comm;
         ConnectToAVanishingDevice(comm);
         int reconnects = 0;
-        try {
-            comm.sendCommand(0x40, Bytes{1}, false, &reconnects);
-            FAIL() << "sent to a device that is gone";
-        } catch (const CSuperSocketException &e) {
-            EXPECT_EQ(e.message, "CSuperSocket::Send::socket not open");
-        }
+        EXPECT_EQ(comm_test::ThrownMessage<CSuperSocketException>(
+                      [&] { comm.sendCommand(0x40, Bytes{1}, false, &reconnects); }),
+                  "CSuperSocket::Send::socket not open");
         EXPECT_EQ(reconnects, 5);
         EXPECT_EQ(QorEthernetConnection::sendRetries.load(), 0);
         // The count starts again for the next failure sequence.

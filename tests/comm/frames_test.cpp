@@ -66,7 +66,8 @@ TEST(Frames, SizesAndHeaders) {
         {"long", SerialFrame(0x42, payload.data(), 300, true).bytes, 310,
          {0x11, 0x05, 0x00, 0x2F, 0x01, 0x42, 0x2C, 0x01}},
         // A short frame keeps only the low length byte, but the whole payload.
-        {"short of 300", SerialFrame(0x21, payload.data(), 300, false).bytes, 305, {0x11, 0x21, 0x2C}},
+        {"short of 300", SerialFrame(0x21, payload.data(), 300, false).bytes, 305,
+         {0x11, 0x21, 0x2C}},
     };
     for (const Case &c : cases) {
         ASSERT_EQ(c.bytes.size(), c.size) << c.what;

@@ -179,12 +179,9 @@ TEST(SerialLinkLifetime, UnopenablePortThrowsTheSystemTextAndLeaksNothing) {
     qor::SetSerialPortPath(port, "/nonexistent/tty");
     {
         QorDeviceComm comm;
-        try {
-            comm.connect(port, 9600, 8, 0, 0, 0);
-            ADD_FAILURE() << "connect did not throw";
-        } catch (const QorDeviceCommException &e) {
-            EXPECT_EQ(e.message, "Failed to open the specified serial port");
-        }
+        EXPECT_EQ(comm_test::ThrownMessage<QorDeviceCommException>(
+                      [&] { comm.connect(port, 9600, 8, 0, 0, 0); }),
+                  "Failed to open the specified serial port");
         EXPECT_FALSE(comm.isConnected());
     }
     qor::SetSerialPortPath(port, "");
