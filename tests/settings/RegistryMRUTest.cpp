@@ -61,17 +61,6 @@ TEST_F(RegistryMRUTest, CaseDecidesWhatCountsAsTheSameEntry) {
     EXPECT_EQ(List(folded), (Entries{"x"}));
 }
 
-TEST_F(RegistryMRUTest, TheDestructorSavesAndTheNextListLoads) {
-    {
-        RegistryMRU mru(kKey, HKEY_CURRENT_USER, 4, true);
-        mru.AddMRU("first.xml");
-        mru.AddMRU("second.xml");
-    }
-    EXPECT_EQ(Stored(), (Entries{"MRU 0=second.xml", "MRU 1=first.xml"}));
-    RegistryMRU again(kKey, HKEY_CURRENT_USER, 4, true);
-    EXPECT_EQ(List(again), (Entries{"second.xml", "first.xml"}));
-}
-
 TEST_F(RegistryMRUTest, LoadingClosesGapsAndSavingLeavesHigherNumbersBehind) {
     CRegistry registry;
     ASSERT_EQ(registry.SaveKey(kKey, "MRU 0", "zero"), 1);
@@ -112,14 +101,15 @@ TEST_F(RegistryMRUTest, ALimitOfZeroLoadsAndSavesNothing) {
     EXPECT_EQ(Stored(), Entries{"MRU 0=kept"});
 }
 
-TEST_F(RegistryMRUTest, AListLivesInTheHiveItWasGiven) {
+TEST_F(RegistryMRUTest, TheDestructorSavesToTheHiveItWasGivenAndTheNextListLoads) {
     {
-        RegistryMRU mru(kKey, HKEY_LOCAL_MACHINE, 2, true);
-        mru.AddMRU("machine");
+        RegistryMRU mru(kKey, HKEY_LOCAL_MACHINE, 4, true);
+        mru.AddMRU("first.xml");
+        mru.AddMRU("second.xml");
     }
-    EXPECT_EQ(Stored(), Entries{});
-    RegistryMRU again(kKey, HKEY_LOCAL_MACHINE, 2, true);
-    EXPECT_EQ(List(again), Entries{"machine"});
+    EXPECT_EQ(Stored(), Entries{});  // nothing in the user's hive
+    RegistryMRU again(kKey, HKEY_LOCAL_MACHINE, 4, true);
+    EXPECT_EQ(List(again), (Entries{"second.xml", "first.xml"}));
 }
 
 }  // namespace
