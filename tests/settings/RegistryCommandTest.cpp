@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <string>
 
 #include "SettingsTestSupport.h"
@@ -15,6 +16,8 @@ using settings_test::TempHives;
 struct Ran {
     int status;
     std::string out;
+    bool operator==(const Ran &) const = default;
+    friend std::ostream &operator<<(std::ostream &os, const Ran &ran) { return os << ran.status << ": " << ran.out; }
 };
 
 class RegistryCommandTest : public ::testing::Test {
@@ -52,9 +55,7 @@ TEST_F(RegistryCommandTest, WritesListsExportsImportsAndDeletes) {
     EXPECT_EQ(Run(R"(set 'Lab\Arm' Ports COM1 COM2 --type 7)").status, 0);
     EXPECT_EQ(Run(R"(set 'Lab\Arm\Gripper' Force 12 --type 4)").status, 0);
 
-    Ran got = Run(R"(get 'Lab\Arm' Ports)");
-    EXPECT_EQ(got.status, 0);
-    EXPECT_EQ(got.out, "COM1\nCOM2\n");
+    EXPECT_EQ(Run(R"(get 'Lab\Arm' Ports)"), (Ran{0, "COM1\nCOM2\n"}));
     EXPECT_EQ(Run(R"(get 'Lab\Arm' Speed)").out, "4294967295\n");
 
     Ran listed = Run(R"(ls 'Lab\Arm')");
@@ -65,28 +66,22 @@ TEST_F(RegistryCommandTest, WritesListsExportsImportsAndDeletes) {
     const std::string document = hives.Folder() + "/arm.xml";
     EXPECT_EQ(Run(R"(export 'Lab\Arm' > ')" + document + "'").status, 0);
     EXPECT_EQ(Run("import '" + document + R"(' Copies --name Arm2)").status, 0);
-    Ran copied = Run(R"(get 'Copies\Arm2\Gripper' Force)");
-    EXPECT_EQ(copied.out, "12\n");
+    EXPECT_EQ(Run(R"(get 'Copies\Arm2\Gripper' Force)").out, "12\n");
 
     EXPECT_EQ(Run("rm Copies").status, 0);
-    Ran gone = Run("ls Copies");
-    EXPECT_EQ(gone.status, 1);
-    EXPECT_EQ(gone.out, "qor registry: no key Copies\n");
+    EXPECT_EQ(Run("ls Copies"), (Ran{1, "qor registry: no key Copies\n"}));
 }
 
 TEST_F(RegistryCommandTest, FailuresPrintTheSystemsWordsAndExitNonZero) {
     const std::string document = hives.Folder() + "/other.xml";
     std::ofstream(document) << "<?xml version='1.0' ?><Brindlemar file='Other' extrainfo='E'><values /></Brindlemar>";
-    Ran wrongType = Run("import '" + document + "' X");
-    EXPECT_EQ(wrongType.status, 1);
-    EXPECT_EQ(wrongType.out, "qor registry: The file type is incorrect.\n");
+    EXPECT_EQ(Run("import '" + document + "' X"), (Ran{1, "qor registry: The file type is incorrect.\n"}));
 
     // A hive named in the key takes the store too.
     EXPECT_EQ(Run(R"(set 'HKLM\Lab' Where machine)").status, 0);
     EXPECT_EQ(Run(R"(get 'HKEY_LOCAL_MACHINE\Lab' Where --hive HKCU)").out, "machine\n");
 
-    Ran missing = Run(R"(get 'No\Such' Key)");
-    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(Run(R"(get 'No\Such' Key)").status, 1);
     EXPECT_EQ(Run("set K N notanumber --type 4").status, 2);
     EXPECT_EQ(Run("frobnicate").status, 2);
     Ran help = Run("ls --help");
