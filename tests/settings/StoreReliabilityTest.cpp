@@ -73,22 +73,19 @@ std::vector<unsigned long> ReadNumbers(int fd, std::string &pending, std::size_t
     }
 }
 
+// The first line of the store's own integrity check: "ok" when sound.
 std::string IntegrityCheck(const std::string &file) {
     sqlite3 *db = nullptr;
-    if (sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
-        sqlite3_close(db);
-        return "cannot open";
+    sqlite3_stmt *check = nullptr;
+    std::string result = "cannot open";
+    if (sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK) {
+        qor::registry::RegisterNameCollation(db);  // the schema orders names by it
+        result = "cannot check";
+        if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &check, nullptr) == SQLITE_OK &&
+            sqlite3_step(check) == SQLITE_ROW && sqlite3_column_text(check, 0))
+            result = reinterpret_cast<const char *>(sqlite3_column_text(check, 0));
     }
-    // The schema orders names by the store's own collation.
-    qor::registry::RegisterNameCollation(db);
-    std::string result;
-    sqlite3_exec(
-        db, "PRAGMA integrity_check",
-        [](void *out, int, char **values, char **) {
-            *static_cast<std::string *>(out) += values[0] ? values[0] : "";
-            return 0;
-        },
-        &result, nullptr);
+    sqlite3_finalize(check);
     sqlite3_close(db);
     return result;
 }
