@@ -5,6 +5,7 @@
 #include "qor/xml/XMLConstants.h"
 #include "qor/xml/XMLEscape.h"
 #include "qor/xml/XMLText.h"
+#include "qor/xml/XMLTree.h"
 
 namespace qor::xmlwrite {
 namespace {
@@ -32,7 +33,11 @@ public:
                 open.pop_back();
                 continue;
             }
+            // The next sibling and the first child are the next elements
+            // written, whichever comes first.
+            qor::xmltree::PrefetchNext(current.nextChild, current.node->children.end());
             XMLNodeData &child = *current.nextChild++;
+            if (!child.children.empty()) qor::xmltree::PrefetchElement(child.children.front());
             int childDepth = current.depth + 1;
             if (Open(child, childDepth)) open.push_back({&child, child.children.begin(), childDepth});
         }
