@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cstring>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #include "qor/xml/XMLParserException.h"
 #include "qor/xml/XMLText.h"
 
@@ -15,6 +19,26 @@ std::size_t FindByte(std::string_view s, char c, std::size_t from, std::size_t t
     if (from >= to) return npos;
     const void *hit = std::memchr(s.data() + from, c, to - from);
     return hit ? static_cast<const char *>(hit) - s.data() : npos;
+}
+
+// First position at or after `from` holding a or b, or npos. Tags are a few
+// dozen bytes long, too short for two library calls to pay off.
+std::size_t FindEither(std::string_view s, std::size_t from, char a, char b) {
+    const char *data = s.data();
+    std::size_t at = from;
+#ifdef __SSE2__
+    const __m128i wantA = _mm_set1_epi8(a);
+    const __m128i wantB = _mm_set1_epi8(b);
+    for (; at + 16 <= s.size(); at += 16) {
+        __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i *>(data + at));
+        int mask = _mm_movemask_epi8(
+            _mm_or_si128(_mm_cmpeq_epi8(block, wantA), _mm_cmpeq_epi8(block, wantB)));
+        if (mask != 0) return at + static_cast<std::size_t>(__builtin_ctz(mask));
+    }
+#endif
+    for (; at < s.size(); ++at)
+        if (data[at] == a || data[at] == b) return at;
+    return npos;
 }
 
 }  // namespace
@@ -150,12 +174,18 @@ void DiscardSpans(std::string &buffer, std::string_view startTag, std::string_vi
 }
 
 std::string_view TagScanner::Next(XMLNodeData *textOwner) {
-    std::size_t open = FindByte(text_, '<', position_, text_.size());
+    // White space after the last tag is already skipped, so between elements
+    // the next '<' is the next byte.
+    std::size_t open = position_ < text_.size() && text_[position_] == '<'
+                           ? position_
+                           : FindByte(text_, '<', position_, text_.size());
     if (open == npos) return {};
-    std::size_t close = FindByte(text_, '>', open, text_.size());
-    std::size_t nextOpen =
-        FindByte(text_, '<', open + 1, close == npos ? text_.size() : close);
-    if (close == npos || nextOpen != npos) {
+    // The first '<' or '>' after the opener: a '>' ends the tag; a '<' (or
+    // nothing) means the tag is not closed before the next one begins.
+    std::size_t hit = FindEither(text_, open + 1, '<', '>');
+    std::size_t close = hit != npos && text_[hit] == '>' ? hit : npos;
+    std::size_t nextOpen = hit != npos && text_[hit] == '<' ? hit : npos;
+    if (close == npos) {
         throw XMLParserException(
             4, "XMLParser::FindNextTag",
             "Unable to Find Next Tag in the file: EOF while searching for end of tag near \r\n\"" +

@@ -52,8 +52,14 @@ void ReadAttributes(std::string_view tag, std::size_t rest, XMLNodeData &node) {
         if (keyEnd == npos) break;
         std::size_t quote = kQuote.FindIn(tag, keyEnd);
         if (quote == npos) ThrowMissingValue(tag);
-        std::size_t closeQuote = tag.find(tag[quote], quote + 1);
-        if (closeQuote == npos) ThrowMissingValue(tag);
+        // The closing quote and whether an entity may need replacing, in
+        // one pass over the value.
+        const char quoteChar = tag[quote];
+        bool plain = true;
+        std::size_t closeQuote = quote + 1;
+        for (; closeQuote < tag.size() && tag[closeQuote] != quoteChar; ++closeQuote)
+            plain &= tag[closeQuote] != '&';
+        if (closeQuote == tag.size()) ThrowMissingValue(tag);
 
         std::string_view key = tag.substr(keyStart, keyEnd - keyStart);
         std::string_view raw = tag.substr(quote + 1, closeQuote - quote - 1);
@@ -61,7 +67,6 @@ void ReadAttributes(std::string_view tag, std::size_t rest, XMLNodeData &node) {
         // end is the usual place of a new key.
         // Most values hold no entity and are stored as they stand. emplace_hint
         // keeps an existing value; a repeated key must replace it.
-        const bool plain = std::memchr(raw.data(), '&', raw.size()) == nullptr;
         const std::size_t before = attributes.size();
         auto slot = plain ? attributes.emplace_hint(attributes.end(), key, raw)
                           : attributes.emplace_hint(attributes.end(), key, std::string());
