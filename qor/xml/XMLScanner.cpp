@@ -15,9 +15,9 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 
-std::size_t FindByte(std::string_view s, char c, std::size_t from, std::size_t to) {
-    if (from >= to) return npos;
-    const void *hit = std::memchr(s.data() + from, c, to - from);
+std::size_t FindByte(std::string_view s, char c, std::size_t from) {
+    if (from >= s.size()) return npos;
+    const void *hit = std::memchr(s.data() + from, c, s.size() - from);
     return hit ? static_cast<const char *>(hit) - s.data() : npos;
 }
 
@@ -178,7 +178,7 @@ std::string_view TagScanner::Next(XMLNodeData *textOwner) {
     // the next '<' is the next byte.
     std::size_t open = position_ < text_.size() && text_[position_] == '<'
                            ? position_
-                           : FindByte(text_, '<', position_, text_.size());
+                           : FindByte(text_, '<', position_);
     if (open == npos) return {};
     // The first '<' or '>' after the opener: a '>' ends the tag; a '<' (or
     // nothing) means the tag is not closed before the next one begins.

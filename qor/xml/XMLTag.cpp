@@ -3,7 +3,7 @@
 // bare word is dropped only when nothing but the tag's end follows it.
 #include "qor/xml/XMLTag.h"
 
-#include <cstring>
+#include <iterator>
 #include <utility>
 #include <vector>
 
