@@ -1,17 +1,35 @@
 # Small helpers shared by the library, tests, benchmarks and fuzz targets.
 
-# qor_library(SHORT FOLDERS dir... DEPS target...) makes the target qor_SHORT,
-# exported and aliased as Qor::SHORT.
-# One library from every source below the named folders of qor/. Headers stay
-# beside their sources and are installed under include/qor/<folder>.
+# qor_library(SHORT FOLDERS dir... [FILES file...] [EXCLUDE regex...] DEPS target...)
+# makes the target qor_SHORT, exported and aliased as Qor::SHORT.
+# One library from every source below the named folders of qor/, and the named
+# files (relative to qor/), less the sources a regex of EXCLUDE matches (it is
+# matched against the path below qor/). Headers stay beside their sources and
+# are installed under include/qor/<folder>.
 function(qor_library short)
-  cmake_parse_arguments(Q "" "" "FOLDERS;DEPS;PRIVATE_DEPS" ${ARGN})
+  cmake_parse_arguments(Q "" "" "FOLDERS;FILES;EXCLUDE;DEPS;PRIVATE_DEPS" ${ARGN})
   set(name qor_${short})
   set(sources)
   foreach(folder IN LISTS Q_FOLDERS)
     file(GLOB_RECURSE found CONFIGURE_DEPENDS
          ${PROJECT_SOURCE_DIR}/qor/${folder}/*.cpp)
-    list(APPEND sources ${found})
+    foreach(source IN LISTS found)
+      file(RELATIVE_PATH relative ${PROJECT_SOURCE_DIR}/qor ${source})
+      set(excluded OFF)
+      foreach(pattern IN LISTS Q_EXCLUDE)
+        if(relative MATCHES "${pattern}")
+          set(excluded ON)
+        endif()
+      endforeach()
+      if(NOT excluded)
+        list(APPEND sources ${source})
+      endif()
+    endforeach()
+  endforeach()
+  foreach(file IN LISTS Q_FILES)
+    if(EXISTS ${PROJECT_SOURCE_DIR}/qor/${file})
+      list(APPEND sources ${PROJECT_SOURCE_DIR}/qor/${file})
+    endif()
   endforeach()
   if(NOT sources)
     set(stub ${CMAKE_CURRENT_BINARY_DIR}/${name}_empty.cpp)
@@ -30,10 +48,11 @@ function(qor_library short)
   set_property(GLOBAL APPEND PROPERTY QOR_LIBRARIES ${name})
 endfunction()
 
-# qor_test(SUBSYSTEM LIBS target...): one test executable per subsystem from
-# every source in tests/<subsystem>/, registered with ctest.
+# qor_test(SUBSYSTEM [XVFB] LIBS target...): one test executable per subsystem
+# from every source in tests/<subsystem>/, registered with ctest; XVFB runs it
+# under xvfb-run, for tests that open real windows.
 function(qor_test subsystem)
-  cmake_parse_arguments(Q "" "TIMEOUT" "LIBS" ${ARGN})
+  cmake_parse_arguments(Q "XVFB" "TIMEOUT" "LIBS" ${ARGN})
   file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(NOT found)
     return()
@@ -48,7 +67,13 @@ function(qor_test subsystem)
   if(NOT Q_TIMEOUT)
     set(Q_TIMEOUT 600)
   endif()
-  add_test(NAME ${subsystem} COMMAND ${exe} --gtest_brief=1)
+  if(Q_XVFB)
+    # Real windows on a machine without a display: a private X server per run.
+    add_test(NAME ${subsystem}
+             COMMAND xvfb-run -a -s "-screen 0 1280x1024x24 -nolisten tcp" $<TARGET_FILE:${exe}> --gtest_brief=1)
+  else()
+    add_test(NAME ${subsystem} COMMAND ${exe} --gtest_brief=1)
+  endif()
   set_tests_properties(${subsystem} PROPERTIES TIMEOUT ${Q_TIMEOUT})
 endfunction()
 

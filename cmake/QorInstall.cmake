@@ -16,10 +16,11 @@ configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QorConfig.cmake.in
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QorConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/QorConfig.cmake ${PROJECT_BINARY_DIR}/QorConfigVersion.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/QorDeps.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Qor)
 
 set(QOR_PC_LIBS "")
-foreach(lib IN ITEMS host settings comm task core)
+foreach(lib IN ITEMS licensing host settings comm task core)
   string(APPEND QOR_PC_LIBS " -lqor_${lib}")
 endforeach()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/qor.pc.in ${PROJECT_BINARY_DIR}/qor.pc @ONLY)

@@ -6,6 +6,8 @@
 #include <span>
 
 #include "qor/records/hooks/HooksRecordTypes.h"
+#include "qor/records/metadata/MetaDataRecordTypes.h"
+#include "qor/records/pipette/PipetteRecordTypes.h"
 
 namespace qor {
 namespace {
@@ -15,6 +17,8 @@ using FamilyTypes = std::span<const RecordType> (*)();
 constexpr FamilyTypes kRecordFamilies[] = {
     &ObjectInstanceXMLMarshaller::RecordTypes,
     &HooksPluginXMLMarshaller::RecordTypes,
+    &qor::MetaDataRecordTypes,
+    &PipetteXMLMarshaller::RecordTypes,
 };
 
 }  // namespace
