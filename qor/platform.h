@@ -11,3 +11,4 @@
 #include "qor/platform/Time.h"
 #include "qor/platform/Waitable.h"
 #include "qor/platform/Win32Types.h"
+#include "qor/platform/WinGeometry.h"

@@ -22,6 +22,9 @@ using LRESULT = std::intptr_t;
 using HANDLE = void *;
 // Window handles only travel inside MSG; progress reporting uses qor::ProgressTarget.
 using HWND = void *;
+// A module whose embedded resources are looked up (see the 3-D view's models).
+struct HINSTANCE__;
+using HINSTANCE = HINSTANCE__ *;
 
 // A registry key of the settings store; the predefined roots keep their
 // Windows values so `key == HKEY_CURRENT_USER` compares as on Windows.
