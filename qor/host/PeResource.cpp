@@ -2,11 +2,13 @@
 
 #include <cstring>
 
+#include "qor/host/ResourceLanguage.h"
+
 namespace qor {
 namespace {
 
 constexpr std::uint32_t kResourceDirectoryIndex = 2;
-constexpr std::uint32_t kRtVersion = 16;
+constexpr std::uint16_t kRtVersion = 16;
 constexpr std::size_t kSectionHeaderSize = 40;
 constexpr std::size_t kResourceDirectoryHeaderSize = 16;
 
@@ -58,28 +60,38 @@ std::optional<std::size_t> RvaToOffset(const std::vector<PeSection> &sections, s
     return std::nullopt;
 }
 
-// The first entry of a resource directory, or the one with `id` when given.
-// Returns the entry's offset-to-data field (high bit: a subdirectory).
-std::optional<std::uint32_t> DirectoryEntry(const PeReader &pe, std::size_t directory,
-                                            std::size_t resourceSize, std::optional<std::uint32_t> id) {
+// The offset-to-data field (high bit: a subdirectory) of the directory's
+// entry with the first of the `wanted` ids that it holds; failing that, of its
+// first entry when `orFirst`.
+std::optional<std::uint32_t> DirectoryEntry(const PeReader &pe, std::size_t directory, std::size_t resourceSize,
+                                            std::span<const std::uint16_t> wanted, bool orFirst) {
     if (!pe.Has(directory, kResourceDirectoryHeaderSize)) return std::nullopt;
-    std::uint32_t named = *pe.U16(directory + 12);
-    std::uint32_t numbered = *pe.U16(directory + 14);
-    std::size_t entries = directory + kResourceDirectoryHeaderSize;
-    for (std::uint32_t i = 0; i < named + numbered; ++i) {
-        auto name = pe.U32(entries + i * 8);
-        auto data = pe.U32(entries + i * 8 + 4);
-        if (!name || !data) return std::nullopt;
-        if (id && ((*name & 0x80000000u) != 0 || *name != *id)) continue;
-        if ((*data & 0x7FFFFFFFu) >= resourceSize) return std::nullopt;
-        return *data;
+    const std::uint32_t count = std::uint32_t(*pe.U16(directory + 12)) + *pe.U16(directory + 14);
+    const std::size_t entries = directory + kResourceDirectoryHeaderSize;
+    if (!pe.Has(entries, std::size_t(count) * 8)) return std::nullopt;
+    auto pick = [&](std::uint32_t index) -> std::optional<std::uint32_t> {
+        const std::uint32_t data = *pe.U32(entries + index * 8 + 4);
+        if ((data & 0x7FFFFFFFu) >= resourceSize) return std::nullopt;
+        return data;
+    };
+    for (std::uint16_t id : wanted) {
+        for (std::uint32_t i = 0; i < count; ++i) {
+            // A named entry never matches a numeric id.
+            if (*pe.U32(entries + i * 8) == id) return pick(i);
+        }
     }
+    if (orFirst && count > 0) return pick(0);
     return std::nullopt;
 }
 
 }  // namespace
 
 std::optional<std::vector<std::uint8_t>> FindVersionResource(std::span<const std::uint8_t> image) {
+    return FindVersionResource(image, ResourceLanguageOrder(UserLanguageId()));
+}
+
+std::optional<std::vector<std::uint8_t>> FindVersionResource(std::span<const std::uint8_t> image,
+                                                             std::span<const std::uint16_t> languages) {
     PeReader pe(image);
     if (!pe.Has(0, 0x40) || image[0] != 'M' || image[1] != 'Z') return std::nullopt;
     std::size_t peHeader = *pe.U32(0x3C);
@@ -135,13 +147,15 @@ std::optional<std::vector<std::uint8_t>> FindVersionResource(std::span<const std
     }
     if (!tree) return std::nullopt;
 
-    // Three levels: type, name, language. Each must be a subdirectory but the
-    // last, which points at the data entry.
-    std::optional<std::uint32_t> ids[3] = {kRtVersion, std::nullopt, std::nullopt};
+    // Three levels: the type RT_VERSION, the first name, and the language by
+    // the order of preference, else the first. Each must be a subdirectory
+    // but the last, which points at the data entry.
+    const std::uint16_t version[] = {kRtVersion};
+    const std::span<const std::uint16_t> wanted[3] = {version, {}, languages};
     std::size_t directory = *tree;
     std::uint32_t leaf = 0;
     for (int level = 0; level < 3; ++level) {
-        auto entry = DirectoryEntry(pe, directory, treeSize, ids[level]);
+        auto entry = DirectoryEntry(pe, directory, treeSize, wanted[level], level > 0);
         if (!entry) return std::nullopt;
         bool subdirectory = (*entry & 0x80000000u) != 0;
         if (subdirectory != (level < 2)) return std::nullopt;

@@ -12,8 +12,13 @@
 
 namespace qor {
 
-// The bytes of the first RT_VERSION resource (first name, first language),
-// or nothing when the image has none or cannot be read.
+// The bytes of the RT_VERSION resource (its first name) in the first of
+// `languages` that the image holds, else in its first language; nothing when
+// the image has none or cannot be read.
+std::optional<std::vector<std::uint8_t>> FindVersionResource(std::span<const std::uint8_t> image,
+                                                             std::span<const std::uint16_t> languages);
+// The same in the languages a Windows program of this user would get (see
+// ResourceLanguage.h).
 std::optional<std::vector<std::uint8_t>> FindVersionResource(std::span<const std::uint8_t> image);
 
 }  // namespace qor

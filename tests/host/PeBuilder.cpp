@@ -102,11 +102,15 @@ std::vector<std::uint8_t> BuildVersionResource(const VersionResourceLayout &layo
 }
 
 std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource, const PeImageOptions &options) {
+    return BuildPeImage(LanguageResources{{0x0409, resource}}, options);
+}
+
+std::vector<std::uint8_t> BuildPeImage(const LanguageResources &resources, const PeImageOptions &options) {
     constexpr std::uint32_t kFileAlignment = 0x200;
     constexpr std::uint32_t kSectionRva = 0x1000;
 
     // The resource section: type, name and language directories, the data
-    // entry, then the data.
+    // entries, then the data.
     ByteWriter rsrc;
     auto directory = [&](std::vector<std::pair<std::uint32_t, std::uint32_t>> entries) {
         rsrc.U32(0);  // characteristics
@@ -123,8 +127,8 @@ std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource
     const std::uint32_t typeDirSize = 16 + 8 * (options.iconTypeFirst ? 2 : 1);
     const std::uint32_t nameDir = typeDirSize;
     const std::uint32_t languageDir = nameDir + 24;
-    const std::uint32_t dataEntry = languageDir + 24;
-    const std::uint32_t data = dataEntry + 16;
+    const std::uint32_t dataEntries = languageDir + 16 + 8 * static_cast<std::uint32_t>(resources.size());
+    const std::uint32_t data = dataEntries + 16 * static_cast<std::uint32_t>(resources.size());
     std::vector<std::pair<std::uint32_t, std::uint32_t>> types;
     // The icon type points at the same name directory; the reader must pick
     // RT_VERSION by its id, not by position.
@@ -132,12 +136,22 @@ std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource
     types.push_back({16, 0x80000000u | nameDir});
     directory(types);
     directory({{1, 0x80000000u | languageDir}});
-    directory({{0x0409, dataEntry}});
-    rsrc.U32(kSectionRva + data);
-    rsrc.U32(static_cast<std::uint32_t>(resource.size()));
-    rsrc.U32(0);
-    rsrc.U32(0);
-    rsrc.Append(resource);
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> languages;
+    for (std::size_t i = 0; i < resources.size(); ++i)
+        languages.push_back({resources[i].first, dataEntries + 16 * static_cast<std::uint32_t>(i)});
+    directory(languages);
+    std::uint32_t at = data;
+    for (const auto &[language, resource] : resources) {
+        rsrc.U32(kSectionRva + at);
+        rsrc.U32(static_cast<std::uint32_t>(resource.size()));
+        rsrc.U32(0);
+        rsrc.U32(0);
+        at += static_cast<std::uint32_t>((resource.size() + 3) & ~std::size_t(3));
+    }
+    for (const auto &[language, resource] : resources) {
+        rsrc.Append(resource);
+        rsrc.Align(4);
+    }
     const std::uint32_t rsrcSize = static_cast<std::uint32_t>(rsrc.bytes.size());
     rsrc.Align(kFileAlignment);
 

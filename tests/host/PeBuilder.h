@@ -37,6 +37,9 @@ struct PeImageOptions {
 // language 0x0409.
 std::vector<std::uint8_t> BuildPeImage(const std::vector<std::uint8_t> &resource,
                                        const PeImageOptions &options = {});
+// The same with one RT_VERSION 1 resource per language, in the given order.
+using LanguageResources = std::vector<std::pair<std::uint16_t, std::vector<std::uint8_t>>>;
+std::vector<std::uint8_t> BuildPeImage(const LanguageResources &resources, const PeImageOptions &options = {});
 
 // A typical resource: fixed versions 1.2.3.4 / 5.6.7.8, one US English table.
 VersionResourceLayout TypicalVersionLayout();

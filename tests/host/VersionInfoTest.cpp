@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -141,6 +142,41 @@ TEST(VersionInfo, LayoutVariations) {
                                                                      "\\CompanyName"),
                   nullptr);
     }
+}
+
+// A file with one version resource per language is read in the language a
+// Windows program of the same user would get: neutral, the user's language
+// (exact, then with a neutral sublanguage), US English, else the first.
+TEST(VersionInfo, TheResourceLanguageFollowsTheLoadersOrder) {
+    struct Case {
+        std::vector<std::uint16_t> languages;  // in the file, in this order
+        const char *locale;                    // the user's LC_ALL
+        std::uint16_t chosen;
+    };
+    const Case cases[] = {
+        {{0x0401, 0x0407, 0x0409}, "de_DE.UTF-8", 0x0407},
+        {{0x0401, 0x0407, 0x0409}, "C", 0x0409},
+        {{0x0401, 0x0407, 0x0409}, "ja_JP.UTF-8", 0x0409},
+        {{0x0401, 0x0407, 0x0000, 0x0409}, "de_DE", 0x0000},
+        {{0x0401, 0x0007, 0x0409}, "de_CH.UTF-8@euro", 0x0007},
+        {{0x0401, 0x0807, 0x0407}, "de_CH", 0x0807},
+        {{0x0C0A, 0x0401, 0x0407}, "POSIX", 0x0C0A},
+        {{0x0C0A, 0x0401}, "es_ES.UTF-8", 0x0C0A},
+    };
+    const char *saved = std::getenv("LC_ALL");
+    const std::string restore = saved ? saved : "";
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.locale);
+        qor::test::LanguageResources resources;
+        for (std::uint16_t language : c.languages) {
+            VersionResourceLayout layout = TypicalVersionLayout();
+            layout.tables[0].values = {{"CompanyName", std::to_string(language)}};
+            resources.push_back({language, BuildVersionResource(layout)});
+        }
+        setenv("LC_ALL", c.locale, 1);
+        EXPECT_EQ(LoadImage(BuildPeImage(resources)).GetCompanyName(), std::to_string(c.chosen));
+    }
+    saved ? setenv("LC_ALL", restore.c_str(), 1) : unsetenv("LC_ALL");
 }
 
 TEST(VersionInfo, FilesWithoutAResourceLeaveTheObjectEmpty) {
