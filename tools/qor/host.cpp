@@ -312,7 +312,10 @@ constexpr const char *kVersionHelp =
     "Reads the version resource of a Windows executable, library or driver (32- or\n"
     "64-bit PE) and prints its fixed part (file and product versions, flags, OS and\n"
     "type), the normalised file and product versions of each translation, and every\n"
-    "string table with its values. Exits 1 when the file has no version resource.\n";
+    "string table with its values. A file with one resource per language is read\n"
+    "in the language a Windows program would get: the neutral one, else the\n"
+    "language of LC_ALL, LC_MESSAGES or LANG, else US English, else the first.\n"
+    "Exits 1 when the file has no version resource.\n";
 
 int RunVersion(const std::vector<std::string> &args) {
     if (WantsHelp(args)) {
