@@ -25,6 +25,13 @@ struct SignContext {
     ~SignContext() { EVP_MD_CTX_free(ctx); }
 };
 
+// Stands in for OpenSSL's default, which would ask on the terminal for the
+// passphrase of an encrypted key and so hang a program without one.
+int RefusePassphrase(char *, int, int, void *asked) {
+    *static_cast<bool *>(asked) = true;
+    return 0;
+}
+
 // OpenSSL's words for the last failure, for a vendor who has to fix a file.
 std::string OpenSslReason() {
     const unsigned long code = ERR_get_error();
@@ -84,12 +91,13 @@ bool Ed25519Key::LoadPem(const std::string &pem, std::string &error) {
         return false;
     }
     ERR_clear_error();
+    bool passphraseAsked = false;
     // A private key is tried first, since its file also yields the public half.
     for (const bool isPrivate : {true, false}) {
         Bio in{BIO_new_mem_buf(pem.data(), static_cast<int>(pem.size()))};
         if (in.bio == nullptr) break;
-        EVP_PKEY *key = isPrivate ? PEM_read_bio_PrivateKey(in.bio, nullptr, nullptr, nullptr)
-                                  : PEM_read_bio_PUBKEY(in.bio, nullptr, nullptr, nullptr);
+        EVP_PKEY *key = isPrivate ? PEM_read_bio_PrivateKey(in.bio, nullptr, &RefusePassphrase, &passphraseAsked)
+                                  : PEM_read_bio_PUBKEY(in.bio, nullptr, &RefusePassphrase, &passphraseAsked);
         if (key == nullptr) continue;
         if (!EVP_PKEY_is_a(key, "ED25519")) {
             EVP_PKEY_free(key);
@@ -100,6 +108,11 @@ bool Ed25519Key::LoadPem(const std::string &pem, std::string &error) {
         ERR_clear_error();
         Adopt(key, isPrivate);
         return true;
+    }
+    if (passphraseAsked) {
+        ERR_clear_error();
+        error = "protected by a passphrase; write it without one first (openssl pkey -in KEY -out PLAIN)";
+        return false;
     }
     error = "not a PEM key (" + OpenSslReason() + ")";
     return false;

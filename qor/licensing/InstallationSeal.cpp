@@ -16,6 +16,9 @@ constexpr std::size_t kTimesSize = 17;  // format and two times
 constexpr std::size_t kSealSize = 32;
 static_assert(kTimesSize + kSealSize == kInstallationRecordSize);
 constexpr char kSealLabel[] = "Qor installation seal 1:";
+// 9999-12-31 23:59:59 UTC: times beyond are no clock's, and would overflow
+// the arithmetic on them.
+constexpr std::time_t kLatestTime = 253402300799;
 
 // The machine's identity as the inventory reports it (the OS's machine id),
 // read once. Without one the seal still shows edits, but not copies.
@@ -76,8 +79,9 @@ bool OpenInstallationRecord(const std::string &place, const std::string &record,
         CRYPTO_memcmp(seal, record.data() + kTimesSize, kSealSize) != 0)
         return false;
     const std::time_t first = GetTime(record, 1), last = GetTime(record, 9);
-    // Only a forger could seal a first run after the last one seen.
-    if (first > last) return false;
+    // Only a forger could seal a first run after the last one seen, or times
+    // outside the calendar.
+    if (first < 0 || first > last || last > kLatestTime) return false;
     firstRun = first;
     lastSeen = last;
     return true;

@@ -50,7 +50,7 @@ public:
     explicit CInstallationTime(std::string keyPath = kDefaultKeyPath,
                                std::string valueName = kDefaultValueName, HKEY hive = HKEY_CURRENT_USER);
 
-    void SetClockTolerance(std::time_t seconds) { tolerance_ = seconds; }
+    void SetClockTolerance(std::time_t seconds) { tolerance_ = seconds < 0 ? 0 : seconds; }
 
     // Reads the record without changing it: NotRecorded, Recorded, Tampered
     // or StoreFailed.

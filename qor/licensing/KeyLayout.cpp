@@ -26,6 +26,11 @@ constexpr NameField kNameFields[] = {
     {&CProductKey::Terms::Licensee, 1, CProductKey::kMaxLicensee, "the licensee"},
 };
 
+using Mac = std::array<unsigned char, kMacSize>;
+
+// No adapter has the address of all zeros, so no key binds it.
+bool IsAdapterAddress(const Mac &mac) { return mac != Mac{}; }
+
 bool IsPrintableName(const std::string &name) {
     return std::none_of(name.begin(), name.end(), [](char c) {
         const auto byte = static_cast<unsigned char>(c);
@@ -34,15 +39,14 @@ bool IsPrintableName(const std::string &name) {
 }
 
 // The sorted, distinct six-byte forms of MAC texts.
-bool AdapterBytes(const std::vector<std::string> &adapters, std::vector<std::array<unsigned char, kMacSize>> &out,
-                  std::string &error) {
+bool AdapterBytes(const std::vector<std::string> &adapters, std::vector<Mac> &out, std::string &error) {
     for (const std::string &text : adapters) {
-        std::array<unsigned char, kMacSize> mac{};
+        Mac mac{};
         if (!LANInfo::HumanReadableToSixByte(text.c_str(), mac.data())) {
             error = "'" + text + "' is not a MAC address (like 00-1A-2B-3C-4D-5E)";
             return false;
         }
-        if (mac == std::array<unsigned char, kMacSize>{}) {
+        if (!IsAdapterAddress(mac)) {
             error = "00-00-00-00-00-00 is no adapter's address";
             return false;
         }
@@ -110,7 +114,7 @@ bool EncodeKeyTerms(const CProductKey::Terms &terms, std::vector<unsigned char> 
         error = "the expiry date must lie between 1970-01-02 and 2149-06-06";
         return false;
     }
-    std::vector<std::array<unsigned char, kMacSize>> macs;
+    std::vector<Mac> macs;
     if (!AdapterBytes(terms.Adapters, macs, error)) return false;
 
     out.push_back(kProductKeyVersion);
@@ -143,9 +147,11 @@ CProductKey::Status DecodeKeyTerms(const unsigned char *bytes, std::size_t size,
     if (in.Failed() || count > CProductKey::kMaxAdapters) return CProductKey::Malformed;
     terms.Adapters.clear();
     for (std::size_t i = 0; i < count; ++i) {
-        const unsigned char *mac = in.Take(kMacSize);
-        if (mac == nullptr) return CProductKey::Malformed;
-        terms.Adapters.push_back(LANInfo::SixByteToHumanReadable(mac));
+        const unsigned char *bytes = in.Take(kMacSize);
+        Mac mac{};
+        if (bytes != nullptr) std::memcpy(mac.data(), bytes, kMacSize);
+        if (!IsAdapterAddress(mac)) return CProductKey::Malformed;
+        terms.Adapters.push_back(LANInfo::SixByteToHumanReadable(mac.data()));
     }
     return in.AtEnd() ? CProductKey::Valid : CProductKey::Malformed;
 }

@@ -82,7 +82,7 @@ CProductKey::Status DecodeKeyText(const std::string &text, std::size_t minBytes,
         if (digits.size() == maxDigits) tooLong = true;  // keep looking for foreign characters
         else digits.push_back(static_cast<unsigned char>(digit));
     }
-    if (digits.empty() && !tooLong) return CProductKey::Empty;
+    if (digits.empty()) return CProductKey::Empty;
     if (tooLong || digits.size() < DataCharacters(minBytes) + kCheckCharacters)
         return CProductKey::WrongLength;
     const std::size_t dataDigits = digits.size() - kCheckCharacters;

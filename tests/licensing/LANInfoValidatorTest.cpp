@@ -1,6 +1,5 @@
 // Adapter bindings against given adapters and against this computer's own.
 #include "LicensingTestSupport.h"
-#include "qor/host/LANInfo.h"
 
 namespace {
 
@@ -41,11 +40,6 @@ TEST(LANInfoValidator, ReadsThisComputersAdapters) {
     const LANInfoValidator host;
     EXPECT_EQ(host.Validate(BoundKey(vendor, {"02-00-5E-00-53-01"})), CProductKey::WrongHost);
     if (host.GetAdapters().empty()) GTEST_SKIP() << "no adapter with an address here: " << host.GetError();
-    for (const auto &[name, mac] : host.GetAdapters()) {
-        unsigned char bytes[6];
-        EXPECT_TRUE(LANInfo::HumanReadableToSixByte(mac.c_str(), bytes)) << name;
-        EXPECT_EQ(LANInfo::SixByteToHumanReadable(bytes), mac) << name;
-    }
     EXPECT_EQ(host.Validate(BoundKey(vendor, {"02-00-5E-00-53-01", host.GetAdapters().begin()->second})),
               CProductKey::Valid);
 }

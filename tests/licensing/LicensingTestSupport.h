@@ -15,14 +15,22 @@
 
 namespace licensing_test {
 
+// Writes a key pair (or its public half) as a PEM file.
+inline void WritePem(const std::string &path, EVP_PKEY *key, bool isPrivate) {
+    FILE *file = std::fopen(path.c_str(), "w");
+    ASSERT_NE(file, nullptr) << path;
+    EXPECT_EQ(isPrivate ? PEM_write_PrivateKey(file, key, nullptr, nullptr, 0, nullptr, nullptr)
+                        : PEM_write_PUBKEY(file, key),
+              1);
+    std::fclose(file);
+}
+
 class ThrowawayVendor {
 public:
     ThrowawayVendor() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "qor-licensing-XXXXXX").string();
-        folder = mkdtemp(pattern.data());
         EVP_PKEY *pair = EVP_PKEY_Q_keygen(nullptr, nullptr, "ED25519");
-        Write(privatePem = folder + "/private.pem", [&](FILE *f) { return PEM_write_PrivateKey(f, pair, nullptr, nullptr, 0, nullptr, nullptr); });
-        Write(publicPem = folder + "/public.pem", [&](FILE *f) { return PEM_write_PUBKEY(f, pair); });
+        WritePem(privatePem, pair, true);
+        WritePem(publicPem, pair, false);
         EVP_PKEY_free(pair);
         std::string error;
         EXPECT_TRUE(signer.LoadPemFile(privatePem, error)) << error;
@@ -42,16 +50,14 @@ public:
         return text;
     }
 
-    std::string folder, privatePem, publicPem;
+    std::string folder = MakeFolder();
+    std::string privatePem = folder + "/private.pem", publicPem = folder + "/public.pem";
     qor::Ed25519Key signer, verifier;
 
 private:
-    template <class WriteKey>
-    static void Write(const std::string &path, WriteKey write) {
-        FILE *file = std::fopen(path.c_str(), "w");
-        ASSERT_NE(file, nullptr) << path;
-        EXPECT_EQ(write(file), 1) << path;
-        std::fclose(file);
+    static std::string MakeFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "qor-licensing-XXXXXX").string();
+        return mkdtemp(pattern.data());
     }
 };
 

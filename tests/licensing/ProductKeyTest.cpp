@@ -78,7 +78,6 @@ TEST_F(ProductKey, ChecksProductAndExpiry) {
     ASSERT_EQ(Load(vendor.Issue(SampleTerms())), CProductKey::Valid);
     EXPECT_EQ(key.Check("Qor Scheduler", CProductKey::kMaxExpiryDay + 1), CProductKey::Valid);
     EXPECT_EQ(key.GetExpiryText(), "never");
-    EXPECT_EQ(key.Check("Qor Scheduler"), CProductKey::Valid);
 }
 
 // Not one byte of a key can change and still pass, whatever the check
@@ -109,7 +108,6 @@ TEST_F(ProductKey, OnlyTheSigningVendorsKeysPass) {
     ThrowawayVendor other;
     EXPECT_EQ(key.Load(text, other.verifier), CProductKey::BadSignature);
     EXPECT_EQ(key.Load(text), CProductKey::BadSignature);  // the built-in key is not the throwaway one
-    EXPECT_EQ(key.Check("Qor Scheduler", 0), CProductKey::BadSignature);
 
     // A signature of the vendor's own key, over the same terms, is accepted by the built-in key.
     ASSERT_EQ(key.Load(kVendorIssuedKey), CProductKey::Valid) << CProductKey::StatusText(key.GetStatus());
@@ -133,10 +131,7 @@ TEST_F(ProductKey, RefusesTextsThatAreNoKeys) {
         {std::string(100000, '0'), CProductKey::WrongLength},
         {valid.substr(0, valid.size() - 1) + (valid.back() == 'Z' ? "Y" : "Z"), CProductKey::Mistyped},
     };
-    for (const Case &c : cases) {
-        EXPECT_EQ(Load(c.text), c.expected) << c.text.substr(0, 40);
-        EXPECT_STRNE(CProductKey::StatusText(c.expected), CProductKey::StatusText(CProductKey::Valid));
-    }
+    for (const Case &c : cases) EXPECT_EQ(Load(c.text), c.expected) << c.text.substr(0, 40);
 }
 
 // Bytes with a good signature that no issuer writes are still refused.
@@ -156,6 +151,7 @@ TEST_F(ProductKey, SignedButMalformedTermsAreRefused) {
         {{1, 1, '\n', 0, 1, 'L', 0, 0, 0}, CProductKey::Malformed},       // a control character
         {{1, 1, 'P', 0, 6, 'L', 0, 0, 0}, CProductKey::Malformed},        // a name past the end
         {{1, 1, 'P', 0, 1, 'L', 0, 0, 2, 1, 2, 3, 4, 5, 6}, CProductKey::Malformed},  // an adapter short
+        {{1, 1, 'P', 0, 1, 'L', 0, 0, 1, 0, 0, 0, 0, 0, 0}, CProductKey::Malformed},  // no adapter's address
         {nineAdapters, CProductKey::Malformed},
     };
     for (const Case &c : cases)
@@ -205,15 +201,20 @@ TEST(LicenceKeyFiles, RefuseWhatIsNoEd25519Key) {
     ThrowawayVendor vendor;
     EVP_PKEY *ec = EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256");
     const std::string ecPath = vendor.folder + "/ec.pem";
-    FILE *file = std::fopen(ecPath.c_str(), "w");
-    ASSERT_NE(file, nullptr);
-    PEM_write_PrivateKey(file, ec, nullptr, nullptr, 0, nullptr, nullptr);
-    std::fclose(file);
+    licensing_test::WritePem(ecPath, ec, true);
     EVP_PKEY_free(ec);
+    // Asking a terminal for a passphrase would hang a program that has none.
+    const std::string lockedPath = vendor.folder + "/locked.pem";
+    EVP_PKEY *pair = EVP_PKEY_Q_keygen(nullptr, nullptr, "ED25519");
+    FILE *locked = std::fopen(lockedPath.c_str(), "w");
+    PEM_write_PrivateKey(locked, pair, EVP_aes_256_cbc(), nullptr, 0, nullptr, const_cast<char *>("pass"));
+    std::fclose(locked);
+    EVP_PKEY_free(pair);
 
     struct Case { std::string path; const char *words; };
     const Case cases[] = {
         {ecPath, "not an Ed25519 key"},
+        {lockedPath, "protected by a passphrase"},
         {vendor.folder + "/missing.pem", "cannot be read"},
         {vendor.folder, "cannot be read"},
         {"/proc/self/status", "not a PEM key"},
@@ -245,8 +246,7 @@ TEST(LicenceDate, ReadsOnlyRealDates) {
             EXPECT_EQ(qor::FormatLicenceDate(c.day), c.text);
         }
     }
-    EXPECT_EQ(qor::FormatLicenceTime(86399), "1970-01-01 23:59:59 UTC");
-    EXPECT_EQ(qor::LicenceDayOf(-1), -1);
+    EXPECT_EQ(qor::FormatLicenceTime(-1), "1969-12-31 23:59:59 UTC");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <ctime>
 #include <iostream>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -41,26 +42,20 @@ constexpr const char *kLicenseHelp =
     "  --hive HIVE         HKCU (default), HKLM, HKCR, HKU, HKCC or a full name\n"
     "  --store FILE        keep the hive in FILE instead of its usual place\n";
 
-// The words of a subcommand: options that take one value, options that may
-// repeat, and the rest.
+// The words of a subcommand: its options with their values (some may
+// repeat), and the rest.
 struct Options {
-    std::vector<std::pair<std::string, std::string>> values;
+    std::multimap<std::string, std::string> values;
     std::vector<std::string> words;
 
-    std::string Get(const std::string &name) const {
-        for (const auto &[option, value] : values)
-            if (option == name) return value;
-        return {};
-    }
-    bool Has(const std::string &name) const {
-        for (const auto &[option, value] : values)
-            if (option == name) return true;
-        return false;
+    bool Has(const std::string &name) const { return values.count(name) > 0; }
+    std::string Get(const std::string &name, const std::string &otherwise = {}) const {
+        const auto found = values.find(name);
+        return found == values.end() ? otherwise : found->second;
     }
     std::vector<std::string> All(const std::string &name) const {
         std::vector<std::string> found;
-        for (const auto &[option, value] : values)
-            if (option == name) found.push_back(value);
+        for (auto [at, end] = values.equal_range(name); at != end; ++at) found.push_back(at->second);
         return found;
     }
 };
@@ -79,7 +74,7 @@ std::string ParseOptions(const std::vector<std::string> &args, std::size_t from,
         for (const char *name : known) isKnown = isKnown || word == name;
         if (!isKnown) return "unknown option " + word;
         if (i + 1 >= args.size()) return word + " wants a value";
-        options.values.emplace_back(word, args[++i]);
+        options.values.emplace(word, args[++i]);
     }
     return {};
 }
@@ -173,9 +168,8 @@ int Info(const std::vector<std::string> &args) {
     if (!complaint.empty()) return UsageError("license info: " + complaint);
     if (options.Has("--store")) qor::SetRegistryHiveFile(hive, options.Get("--store"));
 
-    CInstallationTime installation(
-        options.Has("--registry-key") ? options.Get("--registry-key") : CInstallationTime::kDefaultKeyPath,
-        options.Has("--value") ? options.Get("--value") : CInstallationTime::kDefaultValueName, hive);
+    CInstallationTime installation(options.Get("--registry-key", CInstallationTime::kDefaultKeyPath),
+                                   options.Get("--value", CInstallationTime::kDefaultValueName), hive);
     const CInstallationTime::Status status = installation.Read();
     std::printf("installation record: %s\n  %s\n", installation.GetPlace().c_str(),
                 CInstallationTime::StatusText(status));
