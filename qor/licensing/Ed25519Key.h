@@ -28,7 +28,8 @@ public:
 
     // Reads a PEM file or text as `openssl genpkey -algorithm ed25519`
     // writes it ("PRIVATE KEY"), or its public half ("PUBLIC KEY"). On
-    // failure the key stays as it was and `error` says why.
+    // failure the key stays as it was and `error` says why. A key protected
+    // by a passphrase is refused, never asked for on the terminal.
     bool LoadPemFile(const std::string &path, std::string &error);
     bool LoadPem(const std::string &pem, std::string &error);
     // A public key from its 32 raw bytes.
