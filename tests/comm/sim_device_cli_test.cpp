@@ -2,10 +2,7 @@
 // and the system's own texts on failure.
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdio>
-
+#include "support/RunCommand.h"
 #include "tools/sim/SimProcess.h"
 
 namespace sim_device_cli_test {
@@ -13,22 +10,7 @@ namespace sim_device_cli_test {
 const std::string kSimulator = QOR_BINARY_DIR "/tools/qor-sim";
 const std::string kQor = QOR_BINARY_DIR "/tools/qor";
 
-struct Outcome {
-    int status;
-    std::string output;  // standard output and error together
-};
-
-Outcome RunQor(const std::string &arguments) {
-    Outcome outcome{-1, ""};
-    std::FILE *pipe = ::popen((kQor + " " + arguments + " 2>&1").c_str(), "r");
-    if (!pipe) return outcome;
-    char buffer[512];
-    std::size_t n;
-    while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) outcome.output.append(buffer, n);
-    int status = ::pclose(pipe);
-    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return outcome;
-}
+qor_test::Ran RunQor(const std::string &arguments) { return qor_test::RunCommand(kQor + " " + arguments); }
 
 TEST(DeviceVerb, SendsOverTcpAndSerialAndReportsFailures) {
     if (::access(kSimulator.c_str(), X_OK) != 0 || ::access(kQor.c_str(), X_OK) != 0)
@@ -39,7 +21,7 @@ TEST(DeviceVerb, SendsOverTcpAndSerialAndReportsFailures) {
     struct Case {
         std::string arguments;
         int status;
-        std::string output;
+        std::string out;
     };
     const Case cases[] = {
         {"device send " + tcp + " 0x01 '0a 0b:0c'", 0, "reply 0x01 (3 bytes): 0a 0b 0c\n"},
@@ -55,18 +37,18 @@ TEST(DeviceVerb, SendsOverTcpAndSerialAndReportsFailures) {
         {"device frobnicate", 2, "qor: device: unknown sub-verb 'frobnicate' (see qor device --help)\n"},
     };
     for (const Case &c : cases) {
-        Outcome outcome = RunQor(c.arguments);
-        EXPECT_EQ(outcome.status, c.status) << c.arguments << "\n" << outcome.output;
-        EXPECT_EQ(outcome.output, c.output) << c.arguments;
+        qor_test::Ran outcome = RunQor(c.arguments);
+        EXPECT_EQ(outcome.status, c.status) << c.arguments << "\n" << outcome.out;
+        EXPECT_EQ(outcome.out, c.out) << c.arguments;
     }
     // a port nobody listens on: refused, in the system's words
     sim.Stop();
-    Outcome refused = RunQor("device send " + tcp + " 1");
+    qor_test::Ran refused = RunQor("device send " + tcp + " 1");
     EXPECT_EQ(refused.status, 1);
-    EXPECT_EQ(refused.output, "qor device: Failed to connect to device via Ethernet\n");
-    Outcome help = RunQor("device --help");
+    EXPECT_EQ(refused.out, "qor device: Failed to connect to device via Ethernet\n");
+    qor_test::Ran help = RunQor("device --help");
     EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.output.find("usage: qor device send TARGET COMMAND"), std::string::npos);
+    EXPECT_NE(help.out.find("usage: qor device send TARGET COMMAND"), std::string::npos);
 }
 
 }  // namespace sim_device_cli_test

@@ -20,6 +20,11 @@ pkg-config --exists qor
 g++ -o "$scratch/pc-client" "$consumer/main.cpp" $(pkg-config --cflags qor) $(pkg-config --libs --static qor)
 "$scratch/pc-client"
 
-# The installed command line answers.
+# The installed command line answers, and issues and checks a product key with
+# a vendor key pair made here.
 "$prefix/bin/qor" --help >/dev/null
+openssl genpkey -algorithm ed25519 -out "$scratch/vendor.pem"
+openssl pkey -in "$scratch/vendor.pem" -pubout -out "$scratch/vendor.pub"
+key=$("$prefix/bin/qor" license issue --key "$scratch/vendor.pem" --product P --licensee L | tail -n 1)
+"$prefix/bin/qor" license check "$key" --public-key "$scratch/vendor.pub" >/dev/null
 echo "install: find_package, pkg-config and qor all work from $prefix"

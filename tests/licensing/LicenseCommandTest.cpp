@@ -1,18 +1,10 @@
 // qor license, run as a vendor and a user would.
-#include <sys/wait.h>
-
 #include "LicensingTestSupport.h"
+#include "support/RunCommand.h"
 
 namespace {
 
-struct Ran {
-    int status = -1;
-    std::string out;
-    std::string LastLine() const {
-        const std::string text = out.substr(0, out.find_last_not_of('\n') + 1);
-        return text.substr(text.rfind('\n') + 1);
-    }
-};
+using qor_test::Ran;
 
 class LicenseCommand : public ::testing::Test {
 protected:
@@ -20,17 +12,7 @@ protected:
         if (program.empty()) GTEST_SKIP() << "the qor command line is not built";
     }
     // Runs `qor license ARGS`; ARGS are quoted for the shell by the caller.
-    Ran Run(const std::string &args) {
-        Ran ran;
-        FILE *pipe = popen((program + " license " + args + " 2>&1").c_str(), "r");
-        if (pipe == nullptr) return ran;
-        char buffer[4096];
-        std::size_t got;
-        while ((got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) ran.out.append(buffer, got);
-        const int status = pclose(pipe);
-        ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        return ran;
-    }
+    Ran Run(const std::string &args) { return qor_test::RunCommand(program + " license " + args); }
 
 #ifdef QOR_TOOL
     const std::string program = QOR_TOOL;

@@ -1,24 +1,15 @@
 // qor registry, run as a user would: write, list, export, import, delete.
-#include <sys/wait.h>
-
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <ostream>
 #include <string>
 
 #include "SettingsTestSupport.h"
+#include "support/RunCommand.h"
 
 namespace {
 
+using qor_test::Ran;
 using settings_test::TempHives;
-
-struct Ran {
-    int status;
-    std::string out;
-    bool operator==(const Ran &) const = default;
-    friend std::ostream &operator<<(std::ostream &os, const Ran &ran) { return os << ran.status << ": " << ran.out; }
-};
 
 class RegistryCommandTest : public ::testing::Test {
 protected:
@@ -27,17 +18,7 @@ protected:
     }
     // Runs `qor registry ARGS --store STORE`; ARGS are quoted for the shell by the caller.
     Ran Run(const std::string &args) {
-        const std::string command =
-            program + " registry " + args + " --store '" + store + "' 2>&1";
-        Ran ran{-1, {}};
-        FILE *pipe = popen(command.c_str(), "r");
-        if (!pipe) return ran;
-        char buffer[4096];
-        std::size_t got;
-        while ((got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) ran.out.append(buffer, got);
-        const int status = pclose(pipe);
-        ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        return ran;
+        return qor_test::RunCommand(program + " registry " + args + " --store '" + store + "'");
     }
 
 #ifdef QOR_TOOL
