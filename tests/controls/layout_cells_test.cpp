@@ -118,6 +118,13 @@ TEST(TabStripLayoutTest, TabsFitOrScrollByWholeTabs) {
     strip.ScrollBy(-9);
     EXPECT_EQ(strip.GetFirstVisible(), 0);
 
+    // A tab wider than the room shows cut when it is the first in view.
+    strip.SetStripWidth(150);
+    strip.Select(2);
+    EXPECT_EQ(strip.GetTabRect(2), CRect(0, 0, 118, 26));
+    EXPECT_EQ(strip.HitTest({117, 5}), 2);
+    EXPECT_EQ(strip.HitTest({125, 5}), qor::TabStripLayout::kScrollBack);
+
     // Growing again scrolls back, wasting no room on the left.
     strip.Select(2);
     strip.SetStripWidth(390);

@@ -20,7 +20,6 @@
 
 namespace widgets_test {
 
-using gui_test::PumpUntil;
 using qor::gallery::ResizableDemoDialog;
 
 const char *const kStateKey = "Software\\Qor Tests\\Demo dialog";
@@ -31,17 +30,17 @@ protected:
     ResizableDemoDialog *Open() {
         auto *dialog = new ResizableDemoDialog(nullptr, kStateKey);
         dialog->Show();
-        EXPECT_TRUE(PumpUntil([dialog] { return dialog->IsShownOnScreen(); }));
+        EXPECT_TRUE(Until([dialog] { return dialog->IsShownOnScreen(); }));
         return dialog;
     }
-    static void Close(ResizableDemoDialog *dialog) {
+    void Close(ResizableDemoDialog *dialog) {
         dialog->Close();
-        EXPECT_TRUE(PumpUntil([dialog] { return !dialog->IsShown(); }));
+        EXPECT_TRUE(Until([dialog] { return !dialog->IsShown(); }));
         dialog->Destroy();
-        gui_test::Pump();
+        Settle();
     }
-    static bool Settle(wxWindow *window, wxRect wanted) {
-        return PumpUntil([&] { return window->GetRect() == wanted; }, std::chrono::seconds(3));
+    bool Reaches(wxWindow *window, wxRect wanted) {
+        return Until([&] { return window->GetRect() == wanted; }, std::chrono::seconds(3));
     }
 };
 
@@ -55,7 +54,7 @@ TEST_F(ResizableDialogTest, ControlsFollowTheirAnchorsAsTheDialogGrows) {
 
     const int dx = 120, dy = 80;
     dialog->SetSize(dialog->GetSize() + wxSize(dx, dy));
-    ASSERT_TRUE(PumpUntil([&] { return dialog->clearNotes->GetRect() != before[8]; }));
+    ASSERT_TRUE(Until([&] { return dialog->clearNotes->GetRect() != before[8]; }));
 
     // Per control: how its left, top, right and bottom follow dx and dy.
     struct Follow {
@@ -95,12 +94,12 @@ TEST_F(ResizableDialogTest, TheGripSizesTheDialogWithinItsLimits) {
     Mouse(grip, wxEVT_LEFT_DOWN, {4, 4});
     Mouse(grip, wxEVT_MOTION, {4 + 60, 4 + 40});
     Mouse(grip, wxEVT_LEFT_UP, {4 + 60, 4 + 40});
-    EXPECT_TRUE(PumpUntil([&] { return dialog->GetSize() == start + wxSize(60, 40); }));
+    EXPECT_TRUE(Until([&] { return dialog->GetSize() == start + wxSize(60, 40); }));
     // Back past where it started: no smaller than it was made.
     Mouse(grip, wxEVT_LEFT_DOWN, {4, 4});
     Mouse(grip, wxEVT_MOTION, {4 - 300, 4 - 300});
     Mouse(grip, wxEVT_LEFT_UP, {4 - 300, 4 - 300});
-    EXPECT_TRUE(PumpUntil([&] { return dialog->GetSize() == kDesignedSize; }));
+    EXPECT_TRUE(Until([&] { return dialog->GetSize() == kDesignedSize; }));
 
     dialog->ShowSizeGrip(false);
     EXPECT_FALSE(grip->IsShown());
@@ -111,7 +110,7 @@ TEST_F(ResizableDialogTest, PlacementAndPageComeBackAfterClosing) {
     const wxRect placed(150, 120, 640, 480);
     ResizableDemoDialog *dialog = Open();
     dialog->SetSize(placed);
-    ASSERT_TRUE(Settle(dialog, placed));
+    ASSERT_TRUE(Reaches(dialog, placed));
     dialog->sheet->SetSelection(1);
     Close(dialog);
 
@@ -120,7 +119,7 @@ TEST_F(ResizableDialogTest, PlacementAndPageComeBackAfterClosing) {
     EXPECT_EQ(saved, "150,120,790,600,0");
 
     dialog = Open();
-    EXPECT_TRUE(Settle(dialog, placed)) << dialog->GetRect().x << "," << dialog->GetRect().y;
+    EXPECT_TRUE(Reaches(dialog, placed)) << dialog->GetRect().x << "," << dialog->GetRect().y;
     EXPECT_EQ(dialog->sheet->GetSelection(), 1);
     EXPECT_TRUE(dialog->volumesPage->IsShown());
     Close(dialog);
@@ -156,7 +155,7 @@ TEST_F(ResizableDialogTest, WhatTheRegistryHoldsNeverKeepsTheDialogOffScreen) {
             registry.SaveKey(kStateKey, CResizableState::kActivePageValue, c.pageText.c_str());
 
         ResizableDemoDialog *dialog = Open();
-        EXPECT_TRUE(PumpUntil([&] { return dialog->GetSize() == c.size; })) << c.what;
+        EXPECT_TRUE(Until([&] { return dialog->GetSize() == c.size; })) << c.what;
         EXPECT_TRUE(screen.Contains(dialog->GetRect())) << c.what;
         EXPECT_EQ(dialog->sheet->GetSelection(), c.selection) << c.what;
         Close(dialog);

@@ -19,14 +19,15 @@ int TabStripLayout::TabsRoom() const {
     return arrows ? std::max(0, stripWidth - 2 * metrics.arrowWidth) : stripWidth;
 }
 
-int TabStripLayout::LastFullyShown() const {
-    int used = 0, last = first - 1;
+int TabStripLayout::LastShown() const {
+    // The first tab in view shows even when it is wider than the room.
+    int used = 0, last = first < GetTabCount() ? first : first - 1;
     for (int i = first; i < GetTabCount() && used + TabWidth(i) <= TabsRoom(); ++i)
         used += TabWidth(i), last = i;
     return last;
 }
 
-bool TabStripLayout::CanScrollForward() const { return arrows && LastFullyShown() < GetTabCount() - 1; }
+bool TabStripLayout::CanScrollForward() const { return arrows && LastShown() < GetTabCount() - 1; }
 
 void TabStripLayout::SetLabelWidths(std::vector<int> labelWidths) {
     widths = std::move(labelWidths);
@@ -45,7 +46,7 @@ void TabStripLayout::Select(int index) {
     selected = index >= 0 && index < GetTabCount() ? index : -1;
     if (selected < 0) return;
     if (selected < first) first = selected;
-    while (first < selected && LastFullyShown() < selected) ++first;
+    while (first < selected && LastShown() < selected) ++first;
 }
 
 void TabStripLayout::ScrollBy(int tabs) {
@@ -64,10 +65,10 @@ void TabStripLayout::Rearrange() {
 }
 
 CRect TabStripLayout::GetTabRect(int index) const {
-    if (index < first || index > LastFullyShown()) return CRect();
+    if (index < first || index > LastShown()) return CRect();
     int left = 0;
     for (int i = first; i < index; ++i) left += TabWidth(i);
-    return CRect(left, 0, left + TabWidth(index), metrics.height);
+    return CRect(left, 0, std::min(left + TabWidth(index), std::max(TabsRoom(), left)), metrics.height);
 }
 
 CRect TabStripLayout::GetArrowRect(int direction) const {
@@ -79,7 +80,7 @@ CRect TabStripLayout::GetArrowRect(int direction) const {
 int TabStripLayout::HitTest(CPoint point) const {
     if (GetArrowRect(-1).PtInRect(point)) return kScrollBack;
     if (GetArrowRect(1).PtInRect(point)) return kScrollForward;
-    for (int i = first; i <= LastFullyShown(); ++i)
+    for (int i = first; i <= LastShown(); ++i)
         if (GetTabRect(i).PtInRect(point)) return i;
     return kNothing;
 }

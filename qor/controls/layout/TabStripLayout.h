@@ -11,8 +11,9 @@ namespace qor {
 // Tabs sit side by side from the strip's left edge, each as wide as its
 // label plus padding on both sides, held between a least and a greatest
 // width. When they do not all fit, two arrow buttons take the strip's right
-// end and the tabs scroll by whole tabs: only tabs that fit wholly are
-// shown, and selecting a tab scrolls it into view. A strip that grows wide
+// end and the tabs scroll by whole tabs: the first tab in view shows (cut
+// to the room if it is wider), the others only when they fit wholly, and
+// selecting a tab scrolls it into view. A strip that grows wide
 // enough scrolls back so that no room is wasted on the left.
 class TabStripLayout {
 public:
@@ -48,7 +49,7 @@ public:
     bool CanScrollBack() const { return arrows && first > 0; }
     bool CanScrollForward() const;
 
-    // A tab's rectangle in the strip, empty when it is scrolled out of view.
+    // A tab's rectangle in the strip, empty when it is out of view.
     CRect GetTabRect(int index) const;
     // The back (-1) or forward (+1) arrow; empty without arrows.
     CRect GetArrowRect(int direction) const;
@@ -62,7 +63,7 @@ public:
 private:
     int TabWidth(int index) const;
     int TabsRoom() const;
-    int LastFullyShown() const;
+    int LastShown() const;
     void Rearrange();
 
     Metrics metrics;

@@ -1,6 +1,6 @@
 #include "qor/controls/wx/QorExtButton.h"
 
-#include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
 
@@ -26,7 +26,6 @@ bool QorExtButton::Create(wxWindow *parent, wxWindowID id, const wxString &label
     if (!wxControl::Create(parent, id, pos, size, style, validator, name)) return false;
     SetLabel(label);
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetInitialSize(size);
     Bind(wxEVT_PAINT, &QorExtButton::OnPaint, this);
     for (auto type : {wxEVT_ENTER_WINDOW, wxEVT_LEAVE_WINDOW, wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK,
@@ -124,18 +123,20 @@ void QorExtButton::Clicked() {
 }
 
 void QorExtButton::OnPaint(wxPaintEvent &) {
-    wxAutoBufferedPaintDC dc(this);
+    // Drawn over whatever the parent shows, so a flat button at rest is only
+    // its label.
+    wxPaintDC dc(this);
     const qor::FlatFace face = state.Face();
     const qor::FlatColors colors =
         qor::FlatColorsFor(face, GetBackgroundColour().GetRGB(), GetForegroundColour().GetRGB());
     const wxRect all = GetClientRect();
     const bool bordered = !flat || face == qor::FlatFace::Hot || face == qor::FlatFace::Pressed ||
                           face == qor::FlatFace::Checked;
-    dc.SetBackground(wxBrush(GetParent()->GetBackgroundColour()));
-    dc.Clear();
-    dc.SetBrush(wxBrush(wxColour(colors.face)));
-    dc.SetPen(bordered ? wxPen(wxColour(colors.border)) : *wxTRANSPARENT_PEN);
-    dc.DrawRectangle(all);
+    if (bordered) {
+        dc.SetBrush(wxBrush(wxColour(colors.face)));
+        dc.SetPen(wxPen(wxColour(colors.border)));
+        dc.DrawRectangle(all);
+    }
 
     // A pressed face shifts its label as if pushed in.
     wxRect label = all.Deflate(kPaddingX, kPaddingY);

@@ -1,6 +1,6 @@
 #include "qor/controls/wx/QorExtLed.h"
 
-#include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
 #include <wx/graphics.h>
 #include <wx/settings.h>
 
@@ -28,7 +28,6 @@ bool CQorExtLed::Create(wxWindow *parent, wxWindowID id, const wxString &label, 
     if (!wxControl::Create(parent, id, pos, size, style, wxDefaultValidator, name)) return false;
     SetLabel(label);
     led.SetColor(color);
-    SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetInitialSize(size);
     timer.SetOwner(this);
     Bind(wxEVT_TIMER, [this](wxTimerEvent &) { Changed(); });
@@ -86,9 +85,8 @@ wxSize CQorExtLed::DoGetBestClientSize() const {
 }
 
 void CQorExtLed::OnPaint(wxPaintEvent &) {
-    wxAutoBufferedPaintDC dc(this);
-    dc.SetBackground(wxBrush(GetParent()->GetBackgroundColour()));
-    dc.Clear();
+    // Drawn over whatever the parent shows, themed page or plain panel.
+    wxPaintDC dc(this);
     const wxSize client = GetClientSize();
     const int diameter = std::max(0, std::min(client.y, GetLabel().empty() ? client.x : client.y) - 1);
     const COLORREF color = led.ColorAt(GetTickCount64());

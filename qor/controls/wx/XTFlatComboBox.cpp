@@ -99,14 +99,22 @@ void CXTFlatComboBox::OnPaint(wxPaintEvent &) {
 void CXTFlatComboBox::OnText(wxCommandEvent &event) {
     event.Skip();
     if (completing) return;
+    const size_t length = GetValue().length();
+    const bool grew = length > typedLength;
+    typedLength = length;
+    // The field moves its cursor only after it has reported the change, so
+    // whether the typing was at the end is known once the event is over.
+    if (autoComplete && grew) CallAfter(&CXTFlatComboBox::Complete);
+}
+
+void CXTFlatComboBox::Complete() {
     const wxString typed = GetValue();
-    const bool grew = typed.length() > typedLength;
-    typedLength = typed.length();
-    if (!autoComplete || !grew || GetInsertionPoint() != GetLastPosition()) return;
+    long from = 0, to = 0;
+    GetSelection(&from, &to);
+    if (typed.length() != typedLength || from != to || GetInsertionPoint() != GetLastPosition()) return;
     const auto found = qor::FindCompletion(GetItems(), typed.utf8_string(), false);
     if (!found) return;
     const wxString completed = GetString(static_cast<unsigned>(*found));
-    // The text keeps what was typed as typed; only the tail is added.
     completing = true;
     ChangeValue(typed + completed.Mid(typed.length()));
     SetSelection(static_cast<long>(typed.length()), static_cast<long>(completed.length()));

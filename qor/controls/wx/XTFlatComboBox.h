@@ -46,6 +46,7 @@ private:
     void OnPointer(wxMouseEvent &event);
     void OnFocus(wxFocusEvent &event);
     void OnText(wxCommandEvent &event);
+    void Complete();
     void UpdateHot();
 
     bool autoComplete = true;
