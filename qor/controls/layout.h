@@ -6,6 +6,7 @@
 
 #include "qor/controls/layout/Anchor.h"
 #include "qor/controls/layout/AutoComplete.h"
+#include "qor/controls/layout/Blanks.h"
 #include "qor/controls/layout/ButtonState.h"
 #include "qor/controls/layout/CellRules.h"
 #include "qor/controls/layout/ColorMix.h"

@@ -52,31 +52,37 @@ TEST_F(WidgetsTest, TheRecentEntriesComboRemembersWhatWasEntered) {
     EXPECT_TRUE(left.empty());
 }
 
-TEST_F(WidgetsTest, TypingCompletesFromTheListAndDeletingDoesNot) {
+TEST_F(WidgetsTest, TypingCompletesFromTheListAndErasingDoesNot) {
     wxArrayString items;
     for (const char *item : {"Plate 96", "Pipette", "plate 384"}) items.Add(item);
     auto *combo = new CXTFlatComboBox(Host(), wxID_ANY, "", wxDefaultPosition, wxDefaultSize, items);
-    combo->GetTextCtrl()->SetFocus();
+    wxTextCtrl *field = combo->GetTextCtrl();
+    field->SetFocus();
+    // A key goes down, then the field changes as that key made it.
+    const auto key = [&](int code, auto change) {
+        wxKeyEvent down(wxEVT_KEY_DOWN);
+        down.m_keyCode = code;
+        down.SetEventObject(field);
+        field->ProcessWindowEvent(down);
+        change();
+        Settle();
+        return combo->GetValue().utf8_string();
+    };
+    EXPECT_EQ(key('P', [&] { field->WriteText("p"); }), "plate 96");
     long from = 0, to = 0;
-    combo->GetTextCtrl()->WriteText("p");
-    EXPECT_TRUE(Until([&] { return combo->GetValue() == "plate 96"; })) << combo->GetValue();
     combo->GetSelection(&from, &to);
     EXPECT_EQ(from, 1);
     EXPECT_EQ(to, 8);
-    combo->GetTextCtrl()->WriteText("i");  // replaces the completed part
-    EXPECT_TRUE(Until([&] { return combo->GetValue() == "pipette"; })) << combo->GetValue();
-    combo->GetTextCtrl()->Remove(2, 7);  // deleting the suggestion leaves what was typed
+    EXPECT_EQ(key('I', [&] { field->WriteText("i"); }), "pipette");  // replaces the completion
+    EXPECT_EQ(key(WXK_DELETE, [&] { field->Remove(2, 7); }), "pi");
+    EXPECT_EQ(key(WXK_BACK, [&] { field->Remove(1, 2); }), "p");
+    field->SetInsertionPoint(0);
+    EXPECT_EQ(key('X', [&] { field->WriteText("x"); }), "xp");  // not at the end
+    field->SetValue("Pi");  // the program's own value stays as it is
     Settle();
-    EXPECT_EQ(combo->GetValue(), "pi");
-    combo->GetTextCtrl()->SetInsertionPoint(1);
-    combo->GetTextCtrl()->WriteText("l");  // not at the end: nothing to complete
-    Settle();
-    EXPECT_EQ(combo->GetValue(), "pli");
+    EXPECT_EQ(combo->GetValue(), "Pi");
     combo->EnableAutoCompletion(false);
-    combo->GetTextCtrl()->ChangeValue("p");
-    combo->GetTextCtrl()->AppendText("l");
-    Settle();
-    EXPECT_EQ(combo->GetValue(), "pl");
+    EXPECT_EQ(key('P', [&] { field->AppendText("p"); }), "Pip");
 }
 
 TEST_F(WidgetsTest, ANumberCellRefusesWhatIsOutOfRangeAndStepsWithTheArrowKeys) {

@@ -6,14 +6,10 @@
 #include <charconv>
 #include <cmath>
 
+#include "qor/controls/layout/Blanks.h"
+
 namespace qor {
 namespace {
-
-std::string_view TrimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 bool SameText(std::string_view a, std::string_view b, bool caseSensitive) {
     if (a.size() != b.size()) return false;

@@ -5,17 +5,13 @@
 #include <charconv>
 #include <cstdint>
 
+#include "qor/controls/layout/Blanks.h"
+
 namespace qor {
 namespace {
 
-std::string_view Trim(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 bool ParseInteger(std::string_view text, int &value) {
-    text = Trim(text);
+    text = TrimBlanks(text, " ");  // spaces only: the text is ours
     if (!text.empty() && text.front() == '+') return false;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     return error == std::errc() && end == text.data() + text.size() && !text.empty();

@@ -5,6 +5,9 @@
 #include <wx/textctrl.h>
 #include <wx/utils.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "qor/controls/layout/AutoComplete.h"
 
 CXTFlatComboBox::CXTFlatComboBox(wxWindow *parent, wxWindowID id, const wxString &value,
@@ -29,6 +32,7 @@ bool CXTFlatComboBox::Create(wxWindow *parent, wxWindowID id, const wxString &va
         window->Bind(wxEVT_SET_FOCUS, &CXTFlatComboBox::OnFocus, this);
         window->Bind(wxEVT_KILL_FOCUS, &CXTFlatComboBox::OnFocus, this);
     }
+    if (GetTextCtrl()) GetTextCtrl()->Bind(wxEVT_KEY_DOWN, &CXTFlatComboBox::OnKeyDown, this);
     return true;
 }
 
@@ -96,22 +100,30 @@ void CXTFlatComboBox::OnPaint(wxPaintEvent &) {
     dc.DrawPolygon(3, arrow);
 }
 
+void CXTFlatComboBox::OnKeyDown(wxKeyEvent &event) {
+    static constexpr int kErasingKeys[] = {WXK_BACK, WXK_DELETE, WXK_NUMPAD_DELETE};
+    const int key = event.GetKeyCode();
+    keyTyped = std::find(std::begin(kErasingKeys), std::end(kErasingKeys), key) == std::end(kErasingKeys);
+    event.Skip();
+}
+
 void CXTFlatComboBox::OnText(wxCommandEvent &event) {
     event.Skip();
     if (completing) return;
-    const size_t length = GetValue().length();
-    const bool grew = length > typedLength;
-    typedLength = length;
+    // Only a change the keyboard made completes: not an erasing key, and not
+    // a value the program set.
+    const bool typed = keyTyped;
+    keyTyped = false;
     // The field moves its cursor only after it has reported the change, so
     // whether the typing was at the end is known once the event is over.
-    if (autoComplete && grew) CallAfter(&CXTFlatComboBox::Complete);
+    if (autoComplete && typed) CallAfter(&CXTFlatComboBox::Complete);
 }
 
 void CXTFlatComboBox::Complete() {
     const wxString typed = GetValue();
     long from = 0, to = 0;
     GetSelection(&from, &to);
-    if (typed.length() != typedLength || from != to || GetInsertionPoint() != GetLastPosition()) return;
+    if (from != to || GetInsertionPoint() != GetLastPosition()) return;
     const auto found = qor::FindCompletion(GetItems(), typed.utf8_string(), false);
     if (!found) return;
     const wxString completed = GetString(static_cast<unsigned>(*found));

@@ -14,7 +14,7 @@
 // has the focus. Typing at the end of the text completes it with the rest
 // of the first list item that starts with it (ignoring ASCII case; what was
 // typed stays as typed), the added part selected so that typing on
-// replaces it; deleting never completes.
+// replaces it. Erasing never completes, nor does a value the program sets.
 // Otherwise it is a wxOwnerDrawnComboBox: the same items, values and events
 // (give it wxTE_PROCESS_ENTER to hear the Enter key).
 class CXTFlatComboBox : public wxOwnerDrawnComboBox {
@@ -45,6 +45,7 @@ private:
     void OnPaint(wxPaintEvent &event);
     void OnPointer(wxMouseEvent &event);
     void OnFocus(wxFocusEvent &event);
+    void OnKeyDown(wxKeyEvent &event);
     void OnText(wxCommandEvent &event);
     void Complete();
     void UpdateHot();
@@ -52,5 +53,5 @@ private:
     bool autoComplete = true;
     bool hot = false;
     bool completing = false;
-    size_t typedLength = 0;
+    bool keyTyped = false;
 };
