@@ -13,7 +13,8 @@ namespace {
 
 bool SameText(std::string_view a, std::string_view b, bool caseSensitive) {
     if (a.size() != b.size()) return false;
-    return caseSensitive ? a == b : strncasecmp(a.data(), b.data(), a.size()) == 0;
+    // An empty view may have no storage at all; strncasecmp wants some.
+    return caseSensitive || a.empty() ? a == b : strncasecmp(a.data(), b.data(), a.size()) == 0;
 }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
