@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "RatioReporter.h"
+#include "BenchPairs.h"
 #include "qor/records/metadata.h"
 #include "qor/xml.h"
 
@@ -310,8 +310,9 @@ void ReadDevice(const Node &node, M::Device &device) {
         GetDouble(item, "MaxStackHeight", location.MaxStackHeight);
     });
     for (const Node &child : node.children) {
-        if (child.name == "StorageDimensions") GetNumber(child, "DirectStorageAccess", device.StorageDimensions.DirectStorageAccess);
-        if (child.name == "RobotMetaData") {
+        if (child.name == "StorageDimensions") {
+            GetNumber(child, "DirectStorageAccess", device.StorageDimensions.DirectStorageAccess);
+        } else if (child.name == "RobotMetaData") {
             GetNumber(child, "ReachesExternalLocations", device.RobotMetaData.ReachesExternalLocations);
         }
     }
@@ -368,12 +369,7 @@ M::MetaData HandReadDescription(const std::string &text) {
 
 // ---- the benchmarks, in pairs
 
-template <auto MakeInput, auto Work>
-void Loop(benchmark::State &state) {
-    const auto input = MakeInput();
-    for (auto _ : state) benchmark::DoNotOptimize(Work(input));
-    state.SetItemsProcessed(state.iterations());
-}
+using bench::Loop;
 
 std::string ResponseText() { return MakeResponse().ToXMLString(); }
 std::string DescriptionText() { return MakeDescription().ToXMLString(); }

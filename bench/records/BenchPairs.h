@@ -1,5 +1,6 @@
-// Prints, after the usual table, each benchmark's CPU time over its peer's:
-// benchmarks come in pairs named "<Case>Generic" and "<Case>ByHand".
+// Benchmarks in pairs: the library's way against a hand-written peer doing
+// the same work, named "<Case>Generic" and "<Case>ByHand", and a reporter
+// that prints each pair's ratio after the usual table.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -10,6 +11,16 @@
 #include <vector>
 
 namespace bench {
+
+// One timed loop: the input is built once, the work runs on it each time.
+template <auto MakeInput, auto Work>
+void Loop(benchmark::State &state) {
+    const auto input = MakeInput();
+    for (auto _ : state) benchmark::DoNotOptimize(Work(input));
+    state.SetItemsProcessed(state.iterations());
+}
+
+// Keeps each run's time to print the ratios of the pairs at the end.
 
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
