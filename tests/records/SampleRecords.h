@@ -36,6 +36,7 @@ class Sample : public MetaDataManagerBase {
     std::string Shown = "shown";           // shown, never read back, own description
     std::string WellText;                  // a Parameter type of its own
     std::string Secret;                    // no Parameter
+    std::string Stamp = "7";               // shows a constant in its place
     std::vector<std::string> Names;
     std::vector<int> Numbers;              // wrapper written even when empty
     std::vector<Item> Items;
@@ -66,5 +67,8 @@ class Enclosing::Nested : public MetaDataManagerBase {
     std::string Name;
     std::vector<Item> Items;
 };
+
+// Every sample type, as a family's table lists its records.
+std::span<const qor::RecordType> RecordTypes();
 
 }  // namespace SampleRecords

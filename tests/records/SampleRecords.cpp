@@ -23,6 +23,7 @@ QOR_DEFINE_RECORD(Sample,
     attribute("Shown", &Sample::Shown).shownOnly().describedAs("shown only"),
     attribute("WellText", &Sample::WellText).parameterType(ObjectInstanceXMLMarshaller::PARAMETER_TYPE_WELL_SELECT),
     attribute("Secret", &Sample::Secret).noParameter().notCompared(),
+    attribute("Stamp", &Sample::Stamp).shownAs("1.0"),
     list("Names", &Sample::Names),
     list("Numbers", &Sample::Numbers).wrapperAlways(),
     list("Items", &Sample::Items),
@@ -50,3 +51,17 @@ void Versioned::FromObjectInstance(const ObjectInstanceXMLMarshaller::ObjectInst
 QOR_DEFINE_RECORD_IN(SampleRecords::Enclosing::, Nested,
     attribute("Name", &Nested::Name),
     list("Items", &Nested::Items))
+
+namespace SampleRecords {
+
+std::span<const qor::RecordType> RecordTypes() {
+    static constexpr const char family[] = "SampleRecords";
+    static constexpr qor::RecordType types[] = {
+        qor::RecordTypeOf<Item>(family),      qor::RecordTypeOf<LabelledItem>(family),
+        qor::RecordTypeOf<Sample>(family),    qor::RecordTypeOf<Ping>(family),
+        qor::RecordTypeOf<Versioned>(family), qor::RecordTypeOf<Enclosing::Nested>(family),
+    };
+    return types;
+}
+
+}  // namespace SampleRecords
