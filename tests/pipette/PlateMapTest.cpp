@@ -2,15 +2,12 @@
 // in the terminal and as an SVG that the library's reader takes back.
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <map>
 
 #include "PipetteTestSupport.h"
 #include "marshal/MarshalTestSupport.h"
+#include "records/QorCommandLine.h"
 #include "qor/xml/XMLReader.h"
 
 namespace {
@@ -121,30 +118,17 @@ TEST(PlateMap, EveryRecordThatHoldsPlatesTitlesThem) {
 
 class PlateCommand : public testing::Test {
 protected:
-    struct Outcome {
-        int status = -1;
-        std::string output;  // stdout and stderr together
-    };
+    using Outcome = record_test::Outcome;
 
     void SetUp() override {
-        if (!std::filesystem::exists(Qor())) GTEST_SKIP() << "the qor tool isn't built";
+        if (!record_test::QorIsBuilt()) GTEST_SKIP() << "the qor tool isn't built";
     }
-    static std::string Qor() { return std::string(QOR_BINARY_DIR) + "/tools/qor"; }
     std::string Path(const std::string &name) const { return (dir_.path() / name).string(); }
     std::string Write(const std::string &name, const std::string &text) {
         std::ofstream(Path(name)) << text;
         return Path(name);
     }
-    static Outcome Run(const std::string &arguments) {
-        Outcome outcome;
-        if (FILE *pipe = popen((Qor() + " " + arguments + " 2>&1").c_str(), "r")) {
-            char buffer[4096];
-            for (std::size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;) outcome.output.append(buffer, n);
-            const int status = pclose(pipe);
-            outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        }
-        return outcome;
-    }
+    static Outcome Run(const std::string &arguments) { return record_test::RunQor(arguments); }
     marshal_test::TempDir dir_;
 };
 

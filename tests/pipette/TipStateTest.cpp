@@ -200,11 +200,6 @@ TEST(TipState, StaticBoxesAsAPropertyBagAndBack) {
 }
 
 TEST(TipState, HandWrittenMembersOfTheTipAndVolumeRecords) {
-    TipChange change;
-    change.TipCapacity = 12.5;
-    EXPECT_NE(change.ToXMLString().find("TipCapacity='12.5'"), std::string::npos);
-    EXPECT_EQ(TipChange(change.ToXMLString()).TipCapacity, 12.0);
-
     TipChanges changes;
     changes.AddTipChange(TipChangeType(3), 200.0);
     ASSERT_EQ(changes.TipChanges_.size(), 1u);
