@@ -17,7 +17,8 @@
 // destructor, the statics CreateXMLMarshaller and CreateXMLNode, the virtual
 // operations of XMLMarshallableObject, and the record's own virtual
 // ToObjectInstance and FromObjectInstance. It adds ElementName (the element
-// and class name) and a field-by-field operator==.
+// and class name), a field-by-field operator== and GetRecordDescription(), what the
+// table says of the record.
 //
 // A record that derives from another record uses QOR_DERIVED_RECORD, so that
 // its ToObjectInstance and FromObjectInstance are marked as overrides.
@@ -31,6 +32,9 @@
 
 namespace ObjectInstanceXMLMarshaller {
 class ObjectInstance;
+}
+namespace qor {
+struct RecordDescription;
 }
 
 #define QOR_RECORD_MEMBERS_(Name)                                                              \
@@ -51,6 +55,8 @@ public:                                                                         
     std::shared_ptr<XMLMarshaller::XMLMarshallableObject> Clone() const override;              \
     const std::string &GetClassName() const override;                                          \
     bool operator==(const Name &other) const;                                                  \
+    /* What the record's table says of it (qor/marshal/RecordDescription.h). */                \
+    static const ::qor::RecordDescription &GetRecordDescription();                                      \
     /* The field table; defined, and usable, only in the record's own source. */               \
     static const auto &FieldTable();
 

@@ -79,4 +79,53 @@ std::string WriteDocument(const char *fileType, void (*fill)(XMLNode &node, cons
     return out;
 }
 
+std::string ShortTypeName(std::string_view prettyFunction) {
+    // "... [with T = MetaDataManager::EditorType; ...]" (g++) or "... [T = ...]" (clang):
+    // the type's name without its namespace or enclosing class.
+    const std::size_t start = prettyFunction.find("T = ");
+    if (start == std::string_view::npos) return std::string(prettyFunction);
+    std::string_view name = prettyFunction.substr(start + 4);
+    name = name.substr(0, name.find_first_of(";]"));
+    const std::size_t scope = name.rfind("::");
+    if (scope != std::string_view::npos) name.remove_prefix(scope + 2);
+    return std::string(name);
+}
+
+void AddField(RecordDescription &description, const char *key, Kind kind, ValueType valueType,
+              std::string memberType, std::string defaultValue, const FieldOptions &options,
+              int parameterType, const RecordDescription &(*item)()) {
+    // Only attributes become Parameters; lists and child records never do.
+    const bool shown = options.parameter && parameterType >= 0;
+    FieldDescription &field = description.fields.emplace_back();
+    field.key = key;
+    field.kind = kind;
+    field.valueType = valueType;
+    field.memberType = std::move(memberType);
+    field.defaultValue = std::move(defaultValue);
+    field.parameterName = shown ? (options.parameterName ? options.parameterName : key) : nullptr;
+    field.parameterType = shown ? (options.parameterType >= 0 ? options.parameterType : parameterType) : -1;
+    field.parameterDescription = shown ? options.description : "";
+    field.shownValue = shown ? options.shownValue : nullptr;
+    field.readBack = shown && options.readBack;
+    field.compared = options.compared;
+    field.wrapperAlways = options.wrapperAlways;
+    field.readAsLong = options.readAsLong || kind == Kind::EnumAttribute;
+    field.item = item;
+}
+
+std::string ListDefaultText(std::size_t items) {
+    return items == 0 ? std::string() : std::to_string(items) + (items == 1 ? " item" : " items");
+}
+
 }  // namespace qor::record
+
+namespace qor {
+
+const char *FieldKindName(FieldKind kind) {
+    static constexpr const char *names[] = {
+        "string attribute", "number attribute", "enum attribute", "string list", "record list", "child record",
+    };
+    return names[static_cast<int>(kind)];
+}
+
+}  // namespace qor

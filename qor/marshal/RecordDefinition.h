@@ -29,6 +29,10 @@
 //   base<B>()                  first entry (checked) of a record derived from B:
 //                              B's fields come first, under this record's name
 //   fileType("Query")          the document's file type (default "MetaData")
+//   SomeShapeTable()           a tuple of entries that several records share:
+//                              its entries stand here in its order (records of
+//                              one shape derive from a plain struct that holds
+//                              the fields, and the shape's table names those)
 //
 // and the few departures some records need, chained on an entry:
 //
@@ -40,11 +44,16 @@
 //   .notCompared()             left out of operator==
 //   .wrapperAlways()           a list whose wrapper is written even when empty
 //   .readAsLong()              a number read with the enumeration conversion
+//   .shownAs("1.0")            the Parameter shows this constant in place of
+//                              the field's value, and is never read back
 //
 // Attributes are Parameters of the category "Properties" unless marked;
 // lists and child records are not. A record whose ObjectInstance needs
 // hand-written code uses QOR_DEFINE_RECORD_FRAME and writes ToObjectInstance
 // and FromObjectInstance itself (qor::record::Code<R> offers the generic ones).
+//
+// Each record's description (R::GetRecordDescription(), qor/marshal/RecordDescription.h)
+// is made from the same table, so tools and tests see exactly what the record does.
 #pragma once
 
 #include <charconv>
@@ -53,6 +62,7 @@
 #include <string_view>
 #include <tuple>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -60,6 +70,7 @@
 #include "qor/marshal/ObjectInstance.h"
 #include "qor/marshal/Parameter.h"
 #include "qor/marshal/Record.h"
+#include "qor/marshal/RecordDescription.h"
 #include "qor/xml/XMLReader.h"
 #include "qor/xml/XMLWriter.h"
 
@@ -67,17 +78,22 @@ namespace qor::record {
 
 using XMLNode = XMLParser::XMLNode;
 
-enum class Kind { StringAttribute, NumberAttribute, EnumAttribute, ValueList, RecordList, ChildRecord };
+using Kind = qor::FieldKind;
 
 template <class T>
 inline constexpr bool IsRecord = std::is_base_of_v<XMLMarshaller::XMLMarshallableObject, T>;
 template <class T>
 inline constexpr bool IsNumber = std::is_arithmetic_v<T> || std::is_enum_v<T>;
+template <class T>
+inline constexpr bool IsTuple = false;
+template <class... T>
+inline constexpr bool IsTuple<std::tuple<T...>> = true;
 
 // How a field departs from the rules of its kind.
 struct FieldOptions {
     const char *parameterName = nullptr;  // nullptr: the XML key
     const char *description = "";
+    const char *shownValue = nullptr;     // a constant shown in place of the value
     int parameterType = -1;               // -1: from the member's type
     bool parameter = true;                // shown by ToObjectInstance
     bool readBack = true;                 // read by FromObjectInstance
@@ -101,6 +117,12 @@ struct Field {
     constexpr Field parameterType(int type) const { return With([&](FieldOptions &o) { o.parameterType = type; }); }
     constexpr Field describedAs(const char *text) const { return With([&](FieldOptions &o) { o.description = text; }); }
     constexpr Field shownOnly() const { return With([](FieldOptions &o) { o.readBack = false; }); }
+    constexpr Field shownAs(const char *constant) const {
+        return With([&](FieldOptions &o) {
+            o.shownValue = constant;
+            o.readBack = false;
+        });
+    }
     constexpr Field notCompared() const { return With([](FieldOptions &o) { o.compared = false; }); }
     constexpr Field wrapperAlways() const {
         static_assert(K == Kind::ValueList || K == Kind::RecordList, "wrapperAlways: lists only");
@@ -315,7 +337,8 @@ void ShowField(const R &record, ObjectInstanceXMLMarshaller::ObjectInstance &ins
         using T = typename F::Type;
         const int type = field.options.parameterType >= 0 ? field.options.parameterType : ParameterTypeOf<T>();
         ShowParameter(instance, field.ParameterName(), field.options.description, type,
-                      Convert<std::string>(record.*field.member));
+                      field.options.shownValue ? std::string(field.options.shownValue)
+                                               : Convert<std::string>(record.*field.member));
     }
 }
 
@@ -403,9 +426,105 @@ constexpr bool TableIsWellFormed(const Table &table) {
         table);
 }
 
-inline void PickFileType(const FileType &entry, const char *&name) { name = entry.name; }
+// ---- the table as written: entries and shared shape tables, flattened
+
 template <class E>
-void PickFileType(const E &, const char *&) {}
+constexpr auto AsEntries(const E &entry) {
+    if constexpr (IsTuple<E>) return entry;
+    else return std::tuple<E>{entry};
+}
+
+template <class... E>
+constexpr auto Table(const E &...entries) {
+    return std::tuple_cat(AsEntries(entries)...);
+}
+
+// ---- the record's description, from its table
+
+// The short name of the type in a __PRETTY_FUNCTION__ of TypeNameOf<T>.
+std::string ShortTypeName(std::string_view prettyFunction);
+
+template <class T>
+const char *PrettyFunctionOf() {
+    return __PRETTY_FUNCTION__;
+}
+
+template <class T>
+inline constexpr bool IsVector = false;
+template <class T, class A>
+inline constexpr bool IsVector<std::vector<T, A>> = true;
+
+// A member's type as the field tables write it.
+template <class T>
+std::string MemberTypeName() {
+    if constexpr (std::is_same_v<T, std::string>) return "string";
+    else if constexpr (IsRecord<T>) return T::ElementName;
+    else if constexpr (IsVector<T>) return "list of " + MemberTypeName<typename T::value_type>();
+    else if constexpr (std::is_same_v<T, bool>) return "bool";
+    else if constexpr (std::is_same_v<T, int>) return "int";
+    else if constexpr (std::is_same_v<T, unsigned>) return "unsigned int";
+    else if constexpr (std::is_same_v<T, long>) return "long";
+    else if constexpr (std::is_same_v<T, unsigned long>) return "unsigned long";
+    else if constexpr (std::is_same_v<T, short>) return "short";
+    else if constexpr (std::is_same_v<T, unsigned short>) return "unsigned short";
+    else if constexpr (std::is_same_v<T, double>) return "double";
+    else if constexpr (std::is_same_v<T, float>) return "float";
+    else return ShortTypeName(PrettyFunctionOf<T>());  // enumerations
+}
+
+template <class T>
+constexpr ValueType ValueTypeOf() {
+    if constexpr (std::is_same_v<T, std::string>) return ValueType::String;
+    else if constexpr (IsRecord<T>) return ValueType::Record;
+    else if constexpr (std::is_same_v<T, bool>) return ValueType::Bool;
+    else if constexpr (std::is_enum_v<T>) return ValueType::Enumeration;
+    else if constexpr (std::is_floating_point_v<T>) return ValueType::Real;
+    else if constexpr (std::is_unsigned_v<T>) return ValueType::Unsigned;
+    else return ValueType::Integer;
+}
+
+// Appends a field to a description; parameterType is the member type's own.
+void AddField(RecordDescription &description, const char *key, Kind kind, ValueType valueType,
+              std::string memberType, std::string defaultValue, const FieldOptions &options,
+              int parameterType, const RecordDescription &(*item)());
+// The default text of a list: empty, or how many items it holds.
+std::string ListDefaultText(std::size_t items);
+
+template <class R, class F>
+void DescribeField(RecordDescription &description, const R &defaults, const F &field) {
+    using T = typename F::Type;
+    const T &value = defaults.*field.member;
+    constexpr Kind kind = F::kind;
+    if constexpr (kind == Kind::ValueList || kind == Kind::RecordList) {
+        using Item = typename T::value_type;
+        const RecordDescription &(*item)() = nullptr;
+        if constexpr (kind == Kind::RecordList) item = &Item::GetRecordDescription;
+        AddField(description, field.key, kind, ValueTypeOf<Item>(), MemberTypeName<T>(), ListDefaultText(value.size()),
+                 field.options, -1, item);
+    } else if constexpr (kind == Kind::ChildRecord) {
+        AddField(description, field.key, kind, ValueType::Record, MemberTypeName<T>(), std::string(), field.options,
+                 -1, &T::GetRecordDescription);
+    } else {
+        std::string text;
+        if constexpr (kind == Kind::StringAttribute) text = value;
+        else if constexpr (kind == Kind::EnumAttribute) text = AttributeText(static_cast<long long>(value));
+        else text = NumberAttributeText(value);
+        AddField(description, field.key, kind, ValueTypeOf<T>(), MemberTypeName<T>(), std::move(text), field.options,
+                 ParameterTypeOf<T>(), nullptr);
+    }
+}
+
+template <class R, class B>
+void DescribeField(RecordDescription &description, const R &, BaseFields<B>) {
+    const RecordDescription &base = B::GetRecordDescription();
+    description.baseName = base.elementName;
+    description.fields.insert(description.fields.end(), base.fields.begin(), base.fields.end());
+}
+
+template <class R>
+void DescribeField(RecordDescription &description, const R &, FileType entry) {
+    description.fileType = entry.name;
+}
 
 // ---- the record's members, from its table
 
@@ -423,15 +542,9 @@ struct Code {
         std::apply([&](const auto &...field) { (ReadField(record, node, field), ...); }, Table());
     }
 
-    static const char *FileTypeName() {
-        const char *name = "MetaData";
-        std::apply([&](const auto &...entry) { (PickFileType(entry, name), ...); }, Table());
-        return name;
-    }
-
     static std::string ToXMLString(const R &record) {
         return WriteDocument(
-            FileTypeName(),
+            R::GetRecordDescription().fileType,
             [](XMLNode &node, const void *r) { R::CreateXMLNode(node, *static_cast<const R *>(r)); }, &record);
     }
 
@@ -453,18 +566,52 @@ struct Code {
     static bool Equal(const R &a, const R &b) {
         return std::apply([&](const auto &...field) { return (FieldEqual(a, b, field) && ...); }, Table());
     }
+
+    static const RecordDescription &Describe(bool handWrittenObjectInstance) {
+        using Object = XMLMarshaller::XMLMarshallableObject;
+        using ObjectInstanceXMLMarshaller::ObjectInstance;
+        static const RecordDescription description = [&] {
+            RecordDescription made{};
+            made.elementName = R::ElementName;
+            made.fileType = "MetaData";
+            made.handWrittenObjectInstance = handWrittenObjectInstance;
+            const R defaults;
+            std::apply([&](const auto &...entry) { (DescribeField(made, defaults, entry), ...); }, Table());
+            made.make = []() -> RecordDescription::Record { return std::make_shared<R>(); };
+            made.fromNode = [](const XMLNode &node) -> RecordDescription::Record { return std::make_shared<R>(node); };
+            made.fromDocument = [](const std::string &xml) -> RecordDescription::Record {
+                return std::make_shared<R>(xml);
+            };
+            made.toObjectInstance = [](const Object &record, ObjectInstance &instance) {
+                dynamic_cast<const R &>(record).ToObjectInstance(instance);
+            };
+            made.fromObjectInstance = [](Object &record, const ObjectInstance &instance) {
+                dynamic_cast<R &>(record).FromObjectInstance(instance);
+            };
+            made.equal = [](const Object &a, const Object &b) {
+                return typeid(a) == typeid(R) && typeid(b) == typeid(R) &&
+                       static_cast<const R &>(a) == static_cast<const R &>(b);
+            };
+            return made;
+        }();
+        return description;
+    }
 };
 
 }  // namespace qor::record
 
-// Everything but ToObjectInstance and FromObjectInstance.
-#define QOR_DEFINE_RECORD_FRAME_IN(Scope, Name, ...)                                             \
+// The members every record has; HandWritten says whether ToObjectInstance and
+// FromObjectInstance are the record's own.
+#define QOR_DEFINE_RECORD_COMMON_(Scope, Name, HandWritten, ...)                                \
     const auto &Scope Name::FieldTable() {                                                     \
         using namespace ::qor::record::dsl;                                                    \
-        static constexpr auto table = std::tuple{__VA_ARGS__};                                 \
+        static constexpr auto table = ::qor::record::Table(__VA_ARGS__);                       \
         static_assert(::qor::record::TableIsWellFormed(table),                                 \
                       "a child's key must be its element name, and a base must come first");  \
         return table;                                                                          \
+    }                                                                                          \
+    const ::qor::RecordDescription &Scope Name::GetRecordDescription() {                                \
+        return ::qor::record::Code<Name>::Describe(HandWritten);                               \
     }                                                                                          \
     Scope Name::Name() = default;                                                              \
     Scope Name::Name(const std::string &xml) { ::qor::record::Code<Name>::FromDocument(*this, xml); } \
@@ -497,8 +644,11 @@ struct Code {
         return ::qor::record::Code<Name>::Equal(*this, other);                                 \
     }
 
+// Everything but ToObjectInstance and FromObjectInstance.
+#define QOR_DEFINE_RECORD_FRAME_IN(Scope, Name, ...) QOR_DEFINE_RECORD_COMMON_(Scope, Name, true, __VA_ARGS__)
+
 #define QOR_DEFINE_RECORD_IN(Scope, Name, ...)                                                   \
-    QOR_DEFINE_RECORD_FRAME_IN(Scope, Name, __VA_ARGS__)                                       \
+    QOR_DEFINE_RECORD_COMMON_(Scope, Name, false, __VA_ARGS__)                                 \
     void Scope Name::ToObjectInstance(ObjectInstanceXMLMarshaller::ObjectInstance &instance) const { \
         ::qor::record::Code<Name>::ToObjectInstance(*this, instance);                          \
     }                                                                                          \

@@ -42,6 +42,13 @@ const RecordType *FindRecordType(std::string_view elementName) {
     return nullptr;
 }
 
+const RecordType *FindRecordType(std::string_view family, std::string_view elementName) {
+    for (const RecordType &type : AllRecordTypes()) {
+        if (family == type.family && elementName == type.elementName) return &type;
+    }
+    return nullptr;
+}
+
 std::shared_ptr<XMLMarshaller::XMLMarshallableObject> MakeRecord(const XMLParser::XMLNode &node) {
     const RecordType *type = FindRecordType(node.name);
     return type ? type->fromNode(node) : nullptr;

@@ -18,6 +18,8 @@ const std::vector<RecordType> &AllRecordTypes();
 // The type of the element name, or nullptr. Names are matched exactly; when
 // two families use one name, the first family listed wins.
 const RecordType *FindRecordType(std::string_view elementName);
+// The type of that element name in that family ("MetaDataManager", ...), or nullptr.
+const RecordType *FindRecordType(std::string_view family, std::string_view elementName);
 
 // The record an element holds, built by its element name's type; nullptr
 // when no record type has that name.

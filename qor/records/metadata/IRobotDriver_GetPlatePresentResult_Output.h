@@ -1,0 +1,9 @@
+// The outcome of a background CheckPlatePresent.
+#pragma once
+
+#include "qor/records/metadata/MetaDataManager.h"
+
+class MetaDataManager::IRobotDriver_GetPlatePresentResult_Output : public MetaDataManagerBase {
+    QOR_RECORD(IRobotDriver_GetPlatePresentResult_Output)
+    bool Present = false;
+};

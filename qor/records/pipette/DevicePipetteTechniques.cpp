@@ -1,0 +1,10 @@
+#include "qor/records/pipette/DevicePipetteTechniques.h"
+
+#include "qor/marshal/RecordDefinition.h"
+
+namespace PipetteXMLMarshaller {
+
+QOR_DEFINE_RECORD(DevicePipetteTechniques,
+    list("Techniques", &DevicePipetteTechniques::Techniques))
+
+}  // namespace PipetteXMLMarshaller
