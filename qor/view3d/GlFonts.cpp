@@ -15,10 +15,17 @@ constexpr int kCodes = 256;
 // Outline glyphs are made at this size and scaled down to one em.
 constexpr float kOutlineSize = 64.0f;
 
-// The one character of a code, as FTGL reads a narrow string (byte = code point).
+// A code as a one-character wide string: the byte is the code point
+// (Latin-1), where FTGL would read a narrow string as UTF-8.
+struct Code {
+    explicit Code(int code) : text{static_cast<wchar_t>(code), 0}, length(code == 0 ? 0 : 1) {}
+    wchar_t text[2];
+    int length;
+};
+
 void RenderCode(FTFont &font, int code) {
-    const char text[2] = {static_cast<char>(code), 0};
-    font.Render(text, code == 0 ? 0 : 1);
+    const Code c(code);
+    font.Render(c.text, c.length);
 }
 
 // Deletes what a constructor made before it throws.
@@ -48,8 +55,8 @@ CGLBitmapFont::CGLBitmapFont(HDC__ *dc, const std::string &name, int height, int
     for (int code = 0; code < kCodes; ++code) {
         glNewList(lists + static_cast<unsigned>(code), GL_COMPILE);
         RenderCode(font, code);
-        const char text[2] = {static_cast<char>(code), 0};
-        glBitmap(0, 0, 0, 0, code ? font.Advance(text, 1) : 0.0f, 0, nullptr);
+        const Code c(code);
+        glBitmap(0, 0, 0, 0, c.length ? font.Advance(c.text, c.length) : 0.0f, 0, nullptr);
         glEndList();
     }
     base = lists;
@@ -96,9 +103,9 @@ CGLOutlineFont::CGLOutlineFont(HDC__ *dc, const std::string &name, float deviati
     font->Depth(extrusion * kOutlineSize);
     font->UseDisplayList(false);
     for (int code = 0; code < kCodes; ++code) {
-        const char text[2] = {static_cast<char>(code), 0};
-        const float advance = code ? font->Advance(text, 1) / kOutlineSize : 0.0f;
-        const FTBBox box = code ? font->BBox(text, 1) : FTBBox();
+        const Code c(code);
+        const float advance = c.length ? font->Advance(c.text, c.length) / kOutlineSize : 0.0f;
+        const FTBBox box = c.length ? font->BBox(c.text, c.length) : FTBBox();
         GlyphMetrics &m = metrics[static_cast<std::size_t>(code)];
         m.blackBoxX = (box.Upper().Xf() - box.Lower().Xf()) / kOutlineSize;
         m.blackBoxY = (box.Upper().Yf() - box.Lower().Yf()) / kOutlineSize;

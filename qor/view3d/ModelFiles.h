@@ -2,6 +2,7 @@
 // kind, read an assembly of parts and mates, and measure what will be drawn.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "qor/view3d/Geometry.h"
@@ -54,5 +55,29 @@ struct FaceProblems {
     std::size_t missingMaterials = 0;
 };
 FaceProblems CheckFaces(const Model &model);
+
+}  // namespace qor
+
+namespace qor {
+
+// A scene matrix that shows bounds whole in the view's fixed look: centred,
+// scaled so the box's diagonal spans about 1.9 units, then turned turnX
+// degrees about x and turnY about y around its centre.
+std::array<float, 16> FitScene(const Bounds &bounds, float turnX, float turnY);
+
+// Named turns of FitScene: "front" (the side facing -z, which the fixed look
+// sees), "back", "left", "right", "top", "bottom", "iso".
+struct NamedView {
+    const char *name;
+    float turnX;
+    float turnY;
+};
+const NamedView *FindNamedView(const std::string &name);
+extern const NamedView kNamedViews[7];
+
+// The model in the VRML subset form, one shape for each run of faces of one
+// material, so that reading it back gives the same triangles and materials.
+// False, with a message in error, when a face names a missing vertex or material.
+bool WriteVrml(const Model &model, std::string &text, std::string &error);
 
 }  // namespace qor
