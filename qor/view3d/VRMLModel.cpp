@@ -49,10 +49,14 @@ bool VRMLModel::OpenFile(const std::string &path, bool optimize) {
     // read failure is not looked at: what arrived is parsed.
     std::string text = ReadToEnd(in);
     in.close();
+    ReadVrml(text, optimize);
+    return true;
+}
+
+void VRMLModel::ReadVrml(std::string_view text, bool optimize) {
     Parse(text);
     if (optimize) Optimize();
     Generate();
-    return true;
 }
 
 bool VRMLModel::OpenBinaryFile(const std::string &path, bool optimize) {

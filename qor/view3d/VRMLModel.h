@@ -28,6 +28,8 @@ public:
     // False only when the file cannot be opened; text without any of the
     // tokens gives an empty model.
     bool OpenFile(const std::string &path, bool optimize);
+    // Reads VRML text from memory as OpenFile reads a file's text.
+    void ReadVrml(std::string_view text, bool optimize);
     // Reads the binary format. The file must open for reading and writing, as
     // it always had to. False, leaving the model as it was, when it cannot or
     // when it is shorter than its counts say.
