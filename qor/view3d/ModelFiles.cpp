@@ -112,10 +112,10 @@ bool LoadModelFile(VRMLModel &model, const std::string &path, bool optimize, std
     return false;
 }
 
-bool LoadAssembly(QorOpenGlModel &view, const std::string &path, std::string &error) {
+bool LoadAssembly(QorOpenGlModel &view, const std::string &path, std::string &error, int idBase) {
     if (KindOfModelFile(path) != ModelFileKind::Assembly) {
         const std::string name = std::filesystem::path(path).stem().string();
-        auto model = std::make_unique<VRMLModel>(name, 0.0f, 1);
+        auto model = std::make_unique<VRMLModel>(name, 0.0f, idBase + 1);
         if (!LoadModelFile(*model, path, false, error)) return false;
         view.StoreModel(name, std::move(model));
         view.rootModelName = name;
@@ -139,7 +139,7 @@ bool LoadAssembly(QorOpenGlModel &view, const std::string &path, std::string &er
         if (node.name == "Part") {
             const std::string name = Attribute(node, "Name");
             auto model = std::make_unique<VRMLModel>(name, Number(Attribute(node, "Rotation")),
-                                                     static_cast<int>(Number(Attribute(node, "Id"))));
+                                                     idBase + static_cast<int>(Number(Attribute(node, "Id"))));
             const std::string file = (folder / Attribute(node, "File")).string();
             if (!LoadModelFile(*model, file, Attribute(node, "Optimize") == "1", error)) return false;
             view.StoreModel(name, std::move(model));

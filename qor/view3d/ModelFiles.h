@@ -32,10 +32,11 @@ bool LoadModelFile(VRMLModel &model, const std::string &path, bool optimize, std
 //   </Assembly>
 //
 // Files are relative to the assembly's folder. A single model file is read
-// as an assembly of one part named after the file. Sets the root model name.
-// False with a message in error on the first part that cannot be read or
-// the first element that names a part not listed.
-bool LoadAssembly(QorOpenGlModel &view, const std::string &path, std::string &error);
+// as an assembly of one part named after the file, with id 1. idBase is
+// added to every id read. Sets the root model name. False with a message in
+// error on the first part that cannot be read or the first element that
+// names a part not listed.
+bool LoadAssembly(QorOpenGlModel &view, const std::string &path, std::string &error, int idBase = 0);
 
 struct Bounds {
     Vector3D min{1, 1, 1};
