@@ -6,7 +6,9 @@
 #include <wx/statusbr.h>
 #include <wx/textdlg.h>
 
+#include "ViewerModel.h"
 #include "qor/view3d/ModelFiles.h"
+#include "qor/view3d/Png.h"
 
 namespace qor::viewer {
 namespace {
@@ -20,7 +22,7 @@ const char kSceneRoot[] = " scene";
 
 }  // namespace
 
-ViewerFrame::ViewerFrame(std::vector<std::string> files)
+ViewerFrame::ViewerFrame(std::vector<std::string> files, std::string screenshot)
     : wxFrame(nullptr, wxID_ANY, "qor-view", wxDefaultPosition, wxSize(900, 700)) {
     auto *fileMenu = new wxMenu;
     fileMenu->Append(wxID_OPEN, "&Open...\tCtrl+O");
@@ -36,7 +38,7 @@ ViewerFrame::ViewerFrame(std::vector<std::string> files)
     CreateStatusBar();
     SetStatusText("Left drag turns, middle drag pans, right drag and the wheel zoom; click a part to pick it");
 
-    canvas_ = new qor::wx::ModelCanvas(this);
+    canvas_ = new qor::wx::ModelCanvas(this, std::make_unique<ViewerModel>());
     QorOpenGlModel &view = canvas_->View();
     view.leftButton.function = kRotate;
     view.middleButton.function = kPan;
@@ -52,7 +54,10 @@ ViewerFrame::ViewerFrame(std::vector<std::string> files)
         if (index < viewNames_.size()) canvas_->View().SelView(viewNames_[index]);
     }, kFirstViewId, kFirstViewId + 999);
     // The context needs the window on screen: load once the loop runs.
-    CallAfter([this, files = std::move(files)] { Load(files); });
+    CallAfter([this, files = std::move(files), screenshot = std::move(screenshot)] {
+        Load(files);
+        if (!screenshot.empty()) SaveScreenshot(screenshot);
+    });
 }
 
 void ViewerFrame::AddViewItem(const std::string &name) {
@@ -126,6 +131,13 @@ void ViewerFrame::OnSaveView() {
         view.AddView(key, view.CurrentView());
         AddViewItem(key);
     }
+}
+
+void ViewerFrame::SaveScreenshot(const std::string &path) {
+    int width = 0, height = 0;
+    const auto pixels = canvas_->Snapshot(width, height);
+    if (!canvas_->IsReady() || !qor::WritePng(path, pixels, width, height)) wxExit();
+    Close();
 }
 
 void ViewerFrame::OnPick(int id) {

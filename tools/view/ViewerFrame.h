@@ -13,7 +13,8 @@ namespace qor::viewer {
 
 class ViewerFrame : public wxFrame {
 public:
-    explicit ViewerFrame(std::vector<std::string> files);
+    // With a screenshot path, saves the first frame there as a PNG and closes.
+    ViewerFrame(std::vector<std::string> files, std::string screenshot);
 
 private:
     // Loads the files given (after the window is on screen, which the
@@ -23,6 +24,7 @@ private:
     void OnOpen();
     void OnSaveView();
     void OnPick(int id);
+    void SaveScreenshot(const std::string &path);
 
     qor::wx::ModelCanvas *canvas_;
     wxMenu *viewsMenu_;
