@@ -13,20 +13,24 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 
-// The material keys in the order they are read, with their float counts.
+// The material keys in the order they are read, with their slots.
 struct ColourKey {
     const char *key;
-    std::size_t offset;  // in floats from the start of Material
+    float *(*slot)(Material &);
     int count;
 };
 constexpr ColourKey kColourKeys[] = {
-    {"ambientColor", 0, 3},   {"diffuseColor", 3, 3}, {"emissiveColor", 6, 3},
-    {"specularColor", 9, 3},  {"shininess", 12, 1},   {"transparency", 13, 1},
+    {"ambientColor", [](Material &m) { return m.ambient; }, 3},
+    {"diffuseColor", [](Material &m) { return m.diffuse; }, 3},
+    {"emissiveColor", [](Material &m) { return m.emissive; }, 3},
+    {"specularColor", [](Material &m) { return m.specular; }, 3},
+    {"shininess", [](Material &m) { return &m.shininess; }, 1},
+    {"transparency", [](Material &m) { return &m.transparency; }, 1},
 };
 
 Material ReadMaterial(std::string_view block) {
     Material m;
-    for (const ColourKey &k : kColourKeys) qor::vrml::ExtractColor(block, k.key, m.ambient + k.offset, k.count);
+    for (const ColourKey &k : kColourKeys) qor::vrml::ExtractColor(block, k.key, k.slot(m), k.count);
     return m;
 }
 
