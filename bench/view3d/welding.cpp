@@ -47,27 +47,9 @@ void Meshopt(benchmark::State &state) {
     state.counters["kept"] = static_cast<double>(kept);
 }
 
-// The described algorithm word for word.
 void LiteralScan(benchmark::State &state) {
     const auto &cloud = Cloud(state.range(0));
-    const double spacing = 0.001;
-    for (auto _ : state) {
-        std::vector<Vector3D> kept;
-        std::vector<std::int32_t> remap(cloud.size());
-        for (std::size_t i = 0; i < cloud.size(); ++i) {
-            const Vector3D &v = cloud[i];
-            std::size_t j = 0;
-            for (; j < kept.size(); ++j) {
-                const Vector3D &w = kept[j];
-                if (std::fabs(double(w.x) - v.x) < spacing && std::fabs(double(w.y) - v.y) < spacing &&
-                    std::fabs(double(w.z) - v.z) < spacing)
-                    break;
-            }
-            if (j == kept.size()) kept.push_back(v);
-            remap[i] = static_cast<std::int32_t>(j);
-        }
-        benchmark::DoNotOptimize(remap.data());
-    }
+    for (auto _ : state) benchmark::DoNotOptimize(qor::WeldVerticesByScan(cloud, 0.001).remap.data());
 }
 
 }  // namespace

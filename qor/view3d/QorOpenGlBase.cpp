@@ -71,11 +71,13 @@ int QorOpenGlBase::CreateViewGLContext(HDC__ *) {
     return made ? 1 : 0;
 }
 
-void QorOpenGlBase::InitOpenGL() {
-    if (host) {
-        SetWindowPixelFormat(nullptr);
-        CreateViewGLContext(nullptr);
-    }
+void QorOpenGlBase::MakeWindowContext() {
+    if (!host) return;
+    SetWindowPixelFormat(nullptr);
+    CreateViewGLContext(nullptr);
+}
+
+void QorOpenGlBase::SetLinesAndCulling() const {
     glLineWidth(lineWidth);
     glEnable(GL_LINE_SMOOTH);
     // Clockwise is front and the front is culled: the view shows the side
@@ -83,6 +85,11 @@ void QorOpenGlBase::InitOpenGL() {
     glFrontFace(GL_CW);
     glEnable(GL_CULL_FACE);
     glCullFace(GL_FRONT);
+}
+
+void QorOpenGlBase::InitOpenGL() {
+    MakeWindowContext();
+    SetLinesAndCulling();
     glEnable(GL_LIGHTING);
     const GLfloat ambient[] = {0.05f, 0.05f, 0.05f, 1}, diffuse[] = {0.1f, 0.1f, 0.1f, 1};
     const GLfloat left[] = {-5, 5, 5, 1}, right[] = {5, 5, 5, 1};

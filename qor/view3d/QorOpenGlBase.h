@@ -76,6 +76,10 @@ protected:
     // at (0, 1, -3) looking at the origin with z up.
     void LoadProjection() const;
     void EndDrag();
+    // The window's context steps of InitOpenGL, when there is a window.
+    void MakeWindowContext();
+    // Line width and smoothing, and culling of the clockwise front.
+    void SetLinesAndCulling() const;
 
     void *renderingContext = nullptr;
     int pixelFormat = 0;

@@ -14,16 +14,9 @@ constexpr int kSelectionWords = 64;
 QorOpenGlModel::~QorOpenGlModel() { DeleteModels(); }
 
 void QorOpenGlModel::InitOpenGL() {
-    if (host) {
-        SetWindowPixelFormat(nullptr);
-        CreateViewGLContext(nullptr);
-    }
+    MakeWindowContext();
     glShadeModel(GL_FLAT);
-    glLineWidth(lineWidth);
-    glEnable(GL_LINE_SMOOTH);
-    glFrontFace(GL_CW);
-    glEnable(GL_CULL_FACE);
-    glCullFace(GL_FRONT);
+    SetLinesAndCulling();
     SetupLighting();
     glEnable(GL_COLOR_MATERIAL);
     glColorMaterial(GL_FRONT_AND_BACK, GL_DIFFUSE);
@@ -59,10 +52,9 @@ void QorOpenGlModel::RenderScene() {
 
 void QorOpenGlModel::ClientRender() {}
 
-int QorOpenGlModel::ProcessSelection(unsigned short x, unsigned short y) {
-    GLuint buffer[kSelectionWords] = {};
+void QorOpenGlModel::StartSelection(unsigned int *buffer, int words, unsigned short x, unsigned short y) const {
     GLint viewport[4];
-    glSelectBuffer(kSelectionWords, buffer);
+    glSelectBuffer(words, buffer);
     glGetIntegerv(GL_VIEWPORT, viewport);
     glRenderMode(GL_SELECT);
     glInitNames();
@@ -72,6 +64,11 @@ int QorOpenGlModel::ProcessSelection(unsigned short x, unsigned short y) {
     glLoadIdentity();
     gluPickMatrix(x, viewport[3] - y, 3.0, 3.0, viewport);
     LoadProjection();
+}
+
+int QorOpenGlModel::ProcessSelection(unsigned short x, unsigned short y) {
+    GLuint buffer[kSelectionWords] = {};
+    StartSelection(buffer, kSelectionWords, x, y);
     glColor3f(0.1f, 0.1f, 0.1f);
     // The placements go into the projection matrix and the model-view matrix
     // is the last paint's: that is how picking has always worked.

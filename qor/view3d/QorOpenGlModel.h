@@ -88,6 +88,10 @@ protected:
     // float, is the largest (the later on a tie) gives its last non-zero
     // name; 0 when none does.
     int GetClosestHit(int hits, unsigned int *const buffer);
+    // The selection steps before anything is drawn: buffer, select mode, an
+    // empty name, and the pick region around (x, y) ahead of the fixed
+    // projection, pushed on the projection stack.
+    void StartSelection(unsigned int *buffer, int words, unsigned short x, unsigned short y) const;
 
     std::map<std::string, VRMLModel *> models;
     std::map<std::string, QorOglModelView> views;

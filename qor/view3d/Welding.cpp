@@ -179,6 +179,18 @@ WeldResult WeldVertices(const std::vector<Vector3D> &vertices, double spacing) {
     return result;
 }
 
+WeldResult WeldVerticesByScan(const std::vector<Vector3D> &vertices, double spacing) {
+    WeldResult result;
+    result.remap.reserve(vertices.size());
+    for (const Vector3D &v : vertices) {
+        std::size_t j = 0;
+        while (j < result.vertices.size() && !Close(result.vertices[j], v, spacing)) ++j;
+        if (j == result.vertices.size()) result.vertices.push_back(v);
+        result.remap.push_back(static_cast<std::int32_t>(j));
+    }
+    return result;
+}
+
 void RemapAndPruneFaces(std::vector<Face> &faces, const std::vector<std::int32_t> &remap) {
     auto through = [&](std::int32_t i) {
         return i >= 0 && static_cast<std::size_t>(i) < remap.size() ? remap[static_cast<std::size_t>(i)] : i;

@@ -20,6 +20,10 @@ struct WeldResult {
 
 WeldResult WeldVertices(const std::vector<Vector3D> &vertices, double spacing);
 
+// The same by the literal scan of every kept vertex: quadratic, and the
+// reference the tests, fuzz targets and benchmarks hold WeldVertices to.
+WeldResult WeldVerticesByScan(const std::vector<Vector3D> &vertices, double spacing);
+
 // Rewrites the faces' vertex indices through remap (indices outside it stay
 // as they are) and drops every face that names the same three vertices as the
 // face kept before it, in any order and whatever its material.

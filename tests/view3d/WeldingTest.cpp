@@ -11,29 +11,9 @@
 
 namespace {
 
-// The described algorithm, word for word: quadratic, and the reference.
-qor::WeldResult LiteralScan(const std::vector<Vector3D> &vertices, double spacing) {
-    qor::WeldResult result;
-    for (const Vector3D &v : vertices) {
-        std::int32_t match = -1;
-        for (std::size_t j = 0; j < result.vertices.size() && match < 0; ++j) {
-            const Vector3D &w = result.vertices[j];
-            if (std::fabs(double(w.x) - double(v.x)) < spacing && std::fabs(double(w.y) - double(v.y)) < spacing &&
-                std::fabs(double(w.z) - double(v.z)) < spacing)
-                match = static_cast<std::int32_t>(j);
-        }
-        if (match < 0) {
-            match = static_cast<std::int32_t>(result.vertices.size());
-            result.vertices.push_back(v);
-        }
-        result.remap.push_back(match);
-    }
-    return result;
-}
-
 void ExpectSameAsScan(const std::vector<Vector3D> &cloud, double spacing) {
     const qor::WeldResult fast = qor::WeldVertices(cloud, spacing);
-    const qor::WeldResult slow = LiteralScan(cloud, spacing);
+    const qor::WeldResult slow = qor::WeldVerticesByScan(cloud, spacing);
     ASSERT_EQ(fast.remap, slow.remap) << "spacing " << spacing;
     ASSERT_EQ(fast.vertices.size(), slow.vertices.size());
     for (std::size_t i = 0; i < fast.vertices.size(); ++i)

@@ -8,17 +8,7 @@ namespace qor::viewer {
 int ViewerModel::ProcessSelection(unsigned short x, unsigned short y) {
     if (!HasModel(rootModelName)) return 0;
     GLuint buffer[512] = {};
-    GLint viewport[4];
-    glSelectBuffer(512, buffer);
-    glGetIntegerv(GL_VIEWPORT, viewport);
-    glRenderMode(GL_SELECT);
-    glInitNames();
-    glPushName(0);
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    gluPickMatrix(x, viewport[3] - y, 3.0, 3.0, viewport);
-    LoadProjection();
+    StartSelection(buffer, 512, x, y);
     // The paint's model-view, placements included, exactly as OnPaint builds it.
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
