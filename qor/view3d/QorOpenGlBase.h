@@ -39,6 +39,8 @@ public:
     // What a paint draws between the matrices and the buffer swap.
     virtual void RenderScene();
 
+    // A first context as the window is attached (the host's, when there is one).
+    void PreSubclassWindow() { MakeWindowContext(); }
     // The pixel format lives in the host's window; 1 when there is one to use.
     int SetWindowPixelFormat(HDC__ *dc);
     // Nonzero when the context exists and is current.
