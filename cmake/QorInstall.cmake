@@ -16,7 +16,7 @@ configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QorConfig.cmake.in
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/QorConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/QorConfig.cmake ${PROJECT_BINARY_DIR}/QorConfigVersion.cmake
-              ${PROJECT_SOURCE_DIR}/cmake/QorDeps.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/QorDeps.cmake ${PROJECT_SOURCE_DIR}/cmake/QorEmbedResource.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Qor)
 
 set(QOR_PC_LIBS "")

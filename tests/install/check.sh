@@ -12,6 +12,7 @@ cmake --install "$build" --prefix "$prefix" >/dev/null
 cmake -S "$consumer" -B "$scratch/cmake-client" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$scratch/cmake-client" >/dev/null
 "$scratch/cmake-client/qor_client"
+"$scratch/cmake-client/qor_model_client"
 
 # A pkg-config client.
 export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
