@@ -176,9 +176,17 @@ void CSuperReportCtrl2::OnUpdateFieldValue(const std::string &text) {
     }
     if (getHeaderInfo(column) && text != current) {
         // One edit goes to every selected row. The keys are taken before any
-        // row is written, so a write that moves rows cannot redirect it.
+        // row is written, so a write that moves rows cannot redirect it; the
+        // view is brought up to date once, not once a row.
         std::vector<std::int64_t> keys;
-        for (int row : getSelectionSet()) keys.push_back(getUniqueKey(row));
+        for (int row : getSelectionSet()) {
+            if (keys.empty()) {
+                keys.push_back(getUniqueKey(row));
+            } else {
+                Row *viewRow = ViewRow(row);
+                keys.push_back(viewRow ? viewRow->Key() : 0);
+            }
+        }
         std::string heading = getHeader(column);
         for (std::int64_t key : keys) updateCell(key, {heading, text}, true);
     }

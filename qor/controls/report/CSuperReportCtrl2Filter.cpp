@@ -18,8 +18,22 @@ constexpr const char *kEmptyText = "[empty]";
 
 std::vector<Row *> Reordered(const std::vector<Row *> &rows, const std::vector<std::uint32_t> &order) {
     std::vector<Row *> sorted(order.size());
-    for (std::size_t k = 0; k < order.size(); ++k) sorted[k] = rows[order[k]];
+    for (std::size_t k = 0; k < order.size(); ++k) {
+        if (k + qor::report::kPrefetchAhead < order.size())
+            __builtin_prefetch(&rows[order[k + qor::report::kPrefetchAhead]]);
+        sorted[k] = rows[order[k]];
+    }
     return sorted;
+}
+
+// Calls read(i, cell) for each row's cell of the column, in order.
+template <class Read>
+void ForEachCell(const std::vector<Row *> &rows, int column, Read &&read) {
+    const std::size_t n = rows.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        if (i + qor::report::kPrefetchAhead < n) qor::report::PrefetchCell(rows[i + qor::report::kPrefetchAhead], column);
+        read(i, rows[i]->Cell(column));
+    }
 }
 
 std::string FilterItemText(const std::string &heading, const std::string &value) {
@@ -63,7 +77,11 @@ void CSuperReportCtrl2::ApplyFilter() {
         if (required.empty() && !none) {
             view = master;
         } else if (!none) {
-            for (Row *row : master) {
+            const std::size_t n = master.size();
+            for (std::size_t i = 0; i < n; ++i) {
+                if (i + qor::report::kPrefetchAhead < n)
+                    qor::report::PrefetchCell(master[i + qor::report::kPrefetchAhead], required.front().column);
+                Row *row = master[i];
                 bool pass = true;
                 for (const Required &r : required)
                     if (row->Cell(r.column) != *r.text) {
@@ -131,7 +149,9 @@ void CSuperReportCtrl2::SortTables(bool quick) {
         switch (kind) {
         case Kind::Numeric: {
             std::vector<std::int32_t> values(rows.size());
-            for (std::size_t i = 0; i < rows.size(); ++i) values[i] = qor::Atol32(rows[i]->Cell(column));
+            qor::report_filter_impl::ForEachCell(rows, column, [&](std::size_t i, const std::string &cell) {
+                values[i] = qor::Atol32(cell);
+            });
             order = quick ? qor::QuickSortOrder(std::move(values), ascending) : qor::BubbleSortOrder(values, ascending);
             return true;
         }
@@ -140,6 +160,9 @@ void CSuperReportCtrl2::SortTables(bool quick) {
             std::vector<Row *> shown;
             if (!asView) shown = std::exchange(rows_.View(), rows);
             bool intact = CollectSortValues(rows, [&](std::size_t i, Row *) {
+                // The owner reads the cell, most likely: fetch it meanwhile.
+                if (i + qor::report::kPrefetchAhead < rows.size())
+                    qor::report::PrefetchCell(rows[i + qor::report::kPrefetchAhead], column);
                 values[i] = container_ ? container_->GetCellTime(static_cast<int>(i), column) : 0;
             });
             if (!asView) rows_.View() = std::move(shown);
@@ -152,7 +175,9 @@ void CSuperReportCtrl2::SortTables(bool quick) {
         }
         case Kind::Text: {
             std::vector<std::string> values(rows.size());
-            for (std::size_t i = 0; i < rows.size(); ++i) values[i] = rows[i]->Cell(column);
+            qor::report_filter_impl::ForEachCell(rows, column, [&](std::size_t i, const std::string &cell) {
+                values[i] = cell;
+            });
             order = quick ? qor::QuickSortOrder(std::move(values), ascending) : qor::BubbleSortOrder(values, ascending);
             return true;
         }

@@ -31,9 +31,9 @@ void Row::Destroy(Row *row) noexcept {
     ::operator delete(static_cast<void *>(row));
 }
 
-const std::string &Row::Cell(std::size_t column) const {
+const std::string &Row::EmptyCell() {
     static const std::string empty;
-    return column < width_ ? Cells()[column] : empty;
+    return empty;
 }
 
 RowStore::~RowStore() {

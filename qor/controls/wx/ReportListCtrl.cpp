@@ -266,14 +266,21 @@ void ReportListCtrl::BuildMenu(wxMenu &menu, const std::vector<qor::MenuItem> &i
 }
 
 void ReportListCtrl::OnContextMenu(wxContextMenuEvent &event) {
+    // The row is the one clicked (which a right click makes the selection
+    // mark); from the keyboard, the selection mark, at its place.
     wxPoint screen = event.GetPosition();
-    if (screen == wxDefaultPosition) screen = wxGetMousePosition();  // from the keyboard
+    long row = -1;
+    if (screen == wxDefaultPosition) {
+        row = grid_->GetSelectionMark();
+        CRect mark = grid_->getCellRect(static_cast<int>(row), 0);
+        screen = rows_->ClientToScreen(wxPoint(mark.left + 8, mark.bottom));
+    } else {
+        int flags = 0;
+        CPoint at = RowsPoint(screen);
+        row = HitTest(wxPoint(at.x, at.y), flags);
+        if (row < 0) row = grid_->GetSelectionMark();
+    }
     CPoint point = RowsPoint(screen);
-    // A click on the headings is not about a row.
-    if (point.y < 0) return;
-    int flags = 0;
-    long row = HitTest(wxPoint(point.x, point.y), flags);
-    if (row < 0) row = grid_->GetSelectionMark();
     if (!grid_->OnContextMenu(point, static_cast<int>(row), grid_->getColumnFromX(point.x))) return;
     wxMenu menu;
     BuildMenu(menu, grid_->GetViewContextMenu());
@@ -317,7 +324,10 @@ void ReportListCtrl::SyncEditor() {
         CallAfter([gone] {
             if (gone) gone->Destroy();
         });
-        if (wxWindow::FindFocus() == nullptr || !IsBeingDeleted()) rows_->SetFocus();
+        // Return or Escape in the editor leaves the keyboard with the list; a
+        // click elsewhere keeps it where it went.
+        wxWindow *focus = wxWindow::FindFocus();
+        if (!IsBeingDeleted() && focus && (focus == old || old->IsDescendant(focus))) rows_->SetFocus();
     }
     editorModel_ = model;
     if (!model) return;
