@@ -229,77 +229,74 @@ void PeerScanClear(benchmark::State &state) {
 
 constexpr int kChanged = 100000;
 
-void InsertRows(benchmark::State &state) {
-    const auto &c = TheData().columns;
+// Times work on a fresh table from make; making and freeing it are not timed.
+template <class Make, class Work>
+void OnFresh(benchmark::State &state, Make make, Work work) {
     for (auto _ : state) {
         state.PauseTiming();
-        auto g = std::make_unique<Grid>();
+        auto table = make();
         state.ResumeTiming();
-        for (int i = 0; i < kChanged; ++i)
-            g->grid.insertRow({{"Run", c[Run][i]}, {"Name", c[Name][i]}, {"Status", c[Status][i]}}, -1);
-        g->grid.refresh();
+        work(*table);
         state.PauseTiming();
-        g.reset();
+        table.reset();
         state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * kChanged);
 }
 
+// Every tenth row's key, in random order.
+template <class KeyOf>
+std::vector<std::int64_t> SpreadKeys(KeyOf keyOf) {
+    std::vector<std::int64_t> keys;
+    for (int i = 0; i < kRows; i += kRows / kChanged) keys.push_back(keyOf(i));
+    std::shuffle(keys.begin(), keys.end(), std::mt19937(3));
+    return keys;
+}
+
+struct GridAndKeys {
+    Grid g;
+    std::vector<std::int64_t> keys = SpreadKeys([this](int i) { return g.grid.getUniqueKey(i); });
+};
+
+void InsertRows(benchmark::State &state) {
+    const auto &c = TheData().columns;
+    OnFresh(state, [] { return std::make_unique<Grid>(); }, [&](Grid &g) {
+        for (int i = 0; i < kChanged; ++i)
+            g.grid.insertRow({{"Run", c[Run][i]}, {"Name", c[Name][i]}, {"Status", c[Status][i]}}, -1);
+        g.grid.refresh();
+    });
+}
+
 void DeleteRows(benchmark::State &state) {
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto g = std::make_unique<Grid>();
-        std::vector<std::int64_t> keys;
-        for (int i = 0; i < kRows; i += kRows / kChanged) keys.push_back(g->grid.getUniqueKey(i));
-        std::shuffle(keys.begin(), keys.end(), std::mt19937(3));
-        state.ResumeTiming();
-        for (std::int64_t key : keys) g->grid.deleteRowFromKey(key, false);
-        g->grid.refresh();
-        state.PauseTiming();
-        g.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(state.iterations() * kChanged);
+    OnFresh(state, [] { return std::make_unique<GridAndKeys>(); }, [](GridAndKeys &t) {
+        for (std::int64_t key : t.keys) t.g.grid.deleteRowFromKey(key, false);
+        t.g.grid.refresh();
+    });
 }
 
 using PeerTable = std::unordered_map<std::int64_t, std::vector<std::string>>;
 
-PeerTable PeerRows() {
+std::unique_ptr<PeerTable> PeerRows() {
     const auto &c = TheData().columns;
-    PeerTable table;
-    for (int i = 0; i < kRows; ++i) table.emplace(-2 - i, std::vector<std::string>{c[Shuffle][i], c[Run][i], c[Name][i], c[Started][i], c[Status][i]});
+    auto table = std::make_unique<PeerTable>();
+    for (int i = 0; i < kRows; ++i)
+        table->emplace(-2 - i, std::vector<std::string>{c[Shuffle][i], c[Run][i], c[Name][i], c[Started][i], c[Status][i]});
     return table;
 }
 
 void PeerInsertRows(benchmark::State &state) {
     const auto &c = TheData().columns;
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto table = std::make_unique<PeerTable>(PeerRows());
-        state.ResumeTiming();
+    OnFresh(state, PeerRows, [&](PeerTable &table) {
         for (int i = 0; i < kChanged; ++i)
-            table->emplace(10000000 + i, std::vector<std::string>{"", c[Run][i], c[Name][i], "", c[Status][i]});
-        state.PauseTiming();
-        table.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(state.iterations() * kChanged);
+            table.emplace(10000000 + i, std::vector<std::string>{"", c[Run][i], c[Name][i], "", c[Status][i]});
+    });
 }
 
 void PeerDeleteRows(benchmark::State &state) {
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto table = std::make_unique<PeerTable>(PeerRows());
-        std::vector<std::int64_t> keys;
-        for (int i = 0; i < kRows; i += kRows / kChanged) keys.push_back(-2 - i);
-        std::shuffle(keys.begin(), keys.end(), std::mt19937(3));
-        state.ResumeTiming();
-        for (std::int64_t key : keys) table->erase(key);
-        state.PauseTiming();
-        table.reset();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(state.iterations() * kChanged);
+    const std::vector<std::int64_t> keys = SpreadKeys([](int i) { return std::int64_t{-2} - i; });
+    OnFresh(state, PeerRows, [&](PeerTable &table) {
+        for (std::int64_t key : keys) table.erase(key);
+    });
 }
 
 #define QOR_BENCH(name, reps) BENCHMARK(name)->Unit(benchmark::kMillisecond)->Repetitions(reps)->ReportAggregatesOnly(false)

@@ -33,8 +33,15 @@ void BindCloseKeys(Window *window, bool returnIsText, std::function<void(bool)> 
 
 }  // namespace
 
+void InPlaceEnd::End(bool write, const std::function<std::string()> &text) {
+    if (ended_) return;
+    ended_ = true;
+    if (write && calls_.commit) calls_.commit(text());
+    else if (!write && calls_.cancel) calls_.cancel();
+}
+
 CInPlaceEdit::CInPlaceEdit(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls)
-    : calls_(std::move(calls)), multiLine_((model.style & 0x0004) != 0) {
+    : InPlaceEnd(std::move(calls)), multiLine_((model.style & 0x0004) != 0) {
     long style = multiLine_ ? wxTE_MULTILINE | wxTE_DONTWRAP : wxTE_PROCESS_ENTER;
     wxRect rect = CellRect(model);
     Create(parent, wxID_ANY, qor::wx::ToWx(model.text), rect.GetPosition(), rect.GetSize(), style);
@@ -49,14 +56,11 @@ CInPlaceEdit::CInPlaceEdit(wxWindow *parent, const qor::InPlaceEditor &model, In
 }
 
 void CInPlaceEdit::Finish(bool write) {
-    if (done_) return;
-    done_ = true;
-    if (write && calls_.commit) calls_.commit(qor::wx::FromWx(GetValue()));
-    else if (!write && calls_.cancel) calls_.cancel();
+    End(write, [this] { return qor::wx::FromWx(GetValue()); });
 }
 
 CInPlaceComboBox::CInPlaceComboBox(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls)
-    : calls_(std::move(calls)) {
+    : InPlaceEnd(std::move(calls)) {
     wxArrayString items;
     for (const std::string &item : model.items) items.Add(qor::wx::ToWx(item));
     wxRect rect = CellRect(model);
@@ -77,14 +81,11 @@ CInPlaceComboBox::CInPlaceComboBox(wxWindow *parent, const qor::InPlaceEditor &m
 }
 
 void CInPlaceComboBox::Finish(bool write) {
-    if (done_) return;
-    done_ = true;
-    if (write && calls_.commit) calls_.commit(qor::wx::FromWx(GetValue()));
-    else if (!write && calls_.cancel) calls_.cancel();
+    End(write, [this] { return qor::wx::FromWx(GetValue()); });
 }
 
 CInPlaceDate::CInPlaceDate(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls)
-    : calls_(std::move(calls)), showTime_(model.showTime) {
+    : InPlaceEnd(std::move(calls)), showTime_(model.showTime) {
     wxRect rect = CellRect(model);
     Create(parent, wxID_ANY, rect.GetPosition(), wxSize(std::max(rect.width, showTime_ ? 220 : 120), -1));
     auto *sizer = new wxBoxSizer(wxHORIZONTAL);
@@ -142,23 +143,15 @@ void CInPlaceDate::SetTime(std::int64_t time) {
 }
 
 void CInPlaceDate::Finish(bool write, bool now) {
-    if (done_) return;
-    done_ = true;
-    std::function<void()> send = write ? std::function<void()>([this] {
-        if (calls_.commit) calls_.commit(qor::FormatInPlaceTime(GetTime(), showTime_));
-    })
-                                       : calls_.cancel;
-    if (!send) return;
-    // The date editor's text arrives after the event that ended it, as the
-    // message it posts, unless the list needs it at once.
+    auto end = [this, write] { End(write, [this] { return qor::FormatInPlaceTime(GetTime(), showTime_); }); };
     if (now)
-        send();
+        end();
     else
-        CallAfter(send);
+        CallAfter(end);  // posted: it does nothing if the edit has ended meanwhile
 }
 
 CInPlaceButton::CInPlaceButton(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls)
-    : calls_(std::move(calls)) {
+    : InPlaceEnd(std::move(calls)) {
     wxRect rect = CellRect(model);
     Create(parent, wxID_ANY, qor::wx::ToWx(model.text), rect.GetPosition(), rect.GetSize());
     caption_ = model.text;
@@ -174,11 +167,7 @@ CInPlaceButton::CInPlaceButton(wxWindow *parent, const qor::InPlaceEditor &model
 }
 
 void CInPlaceButton::Finish(bool write) {
-    if (done_) return;
-    done_ = true;
-    // A button gives back the cell's own text: nothing is written.
-    if (write && calls_.commit) calls_.commit(caption_);
-    else if (!write && calls_.cancel) calls_.cancel();
+    End(write, [this] { return caption_; });  // the cell's own text: nothing is written
 }
 
 void CommitInPlaceEditor(wxWindow *editor) {

@@ -26,33 +26,44 @@ struct InPlaceCalls {
     std::function<void()> button;                     // the button was pressed
 };
 
-// Each editor's Finish(write) ends it once: with its text back to the grid,
-// or without writing; later calls do nothing.
-class CInPlaceEdit : public wxTextCtrl {
+// The end of an edit, which comes once: the text back to the grid, or a
+// close without writing; later ends do nothing.
+class InPlaceEnd {
+public:
+    explicit InPlaceEnd(InPlaceCalls calls) : calls_(std::move(calls)) {}
+    // text is read only when the edit is written.
+    void End(bool write, const std::function<std::string()> &text);
+
+protected:
+    InPlaceCalls calls_;
+
+private:
+    bool ended_ = false;
+};
+
+// Each editor's Finish(write) ends it: on Return (Ctrl+Return where Return
+// makes a new line), on Escape without writing, and when it loses the focus.
+class CInPlaceEdit : public wxTextCtrl, private InPlaceEnd {
 public:
     CInPlaceEdit(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls);
     bool IsMultiLine() const { return multiLine_; }
     void Finish(bool write);
 
 private:
-    InPlaceCalls calls_;
     bool multiLine_;
-    bool done_ = false;
 };
 
-class CInPlaceComboBox : public wxComboBox {
+class CInPlaceComboBox : public wxComboBox, private InPlaceEnd {
 public:
     CInPlaceComboBox(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls);
     void Finish(bool write);
 
 private:
-    InPlaceCalls calls_;
     bool dropped_ = false;
-    bool done_ = false;
 };
 
 // A date, or a date and a time, in pickers side by side.
-class CInPlaceDate : public wxPanel {
+class CInPlaceDate : public wxPanel, private InPlaceEnd {
 public:
     CInPlaceDate(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls);
     std::int64_t GetTime() const;
@@ -64,22 +75,19 @@ public:
 private:
     void WatchFocus(wxWindow *window);
     bool HasFocusWithin() const;
-    InPlaceCalls calls_;
     wxDatePickerCtrl *date_;
     wxTimePickerCtrl *time_ = nullptr;
     bool showTime_;
-    bool done_ = false;
 };
 
-class CInPlaceButton : public wxButton {
+// Pressing it tells the grid; it gives back the cell's own text.
+class CInPlaceButton : public wxButton, private InPlaceEnd {
 public:
     CInPlaceButton(wxWindow *parent, const qor::InPlaceEditor &model, InPlaceCalls calls);
     void Finish(bool write);
 
 private:
-    InPlaceCalls calls_;
     std::string caption_;
-    bool done_ = false;
 };
 
 // Ends the editor, whichever it is, handing its text back at once.
