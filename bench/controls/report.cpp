@@ -123,60 +123,53 @@ void GridSort(benchmark::State &state, Column column) {
     }
 }
 
-template <class Key, class Make, class Less>
-void PeerSort(benchmark::State &state, Column column, Make make, Less less) {
-    const auto &cells = TheData().columns[column];
+// Sorts a fresh copy of a column's keys, read from the text with make, by
+// sort(keys); the copy is not timed.
+template <class Key, class Make, class Sort>
+void SortKeys(benchmark::State &state, Column column, Make make, Sort sort) {
     std::vector<Key> keys;
-    keys.reserve(cells.size());
-    for (const std::string &cell : cells) keys.push_back(make(cell));
+    for (const std::string &cell : TheData().columns[column]) keys.push_back(make(cell));
     std::vector<Key> work;
     for (auto _ : state) {
         state.PauseTiming();
         work = keys;
         state.ResumeTiming();
-        std::stable_sort(work.begin(), work.end(), less);
-        benchmark::DoNotOptimize(work.data());
+        sort(work);
     }
 }
+
+// The peer: std::stable_sort of the keys with the grid's comparison.
+template <class Key, class Make, class Less>
+void PeerSort(benchmark::State &state, Column column, Make make, Less less) {
+    SortKeys<Key>(state, column, make, [&](std::vector<Key> &keys) {
+        std::stable_sort(keys.begin(), keys.end(), less);
+        benchmark::DoNotOptimize(keys.data());
+    });
+}
+
+// The grid's quick sort alone on the same keys: what the sort costs without
+// reading the table.
+template <class Key, class Make>
+void QuickOnly(benchmark::State &state, Column column, Make make) {
+    SortKeys<Key>(state, column, make, [](std::vector<Key> &keys) {
+        benchmark::DoNotOptimize(qor::QuickSortOrder(std::move(keys), true).data());
+    });
+}
+
+const auto kText = [](const std::string &s) { return s; };
+const auto kNumber = [](const std::string &s) { return qor::Atol32(s); };
 
 void SortText(benchmark::State &state) { GridSort(state, Name); }
 void SortNumeric(benchmark::State &state) { GridSort(state, Run); }
 void SortTime(benchmark::State &state) { GridSort(state, Started); }
 void PeerSortText(benchmark::State &state) {
-    PeerSort<std::string>(state, Name, [](const std::string &s) { return s; },
-                          [](const std::string &a, const std::string &b) { return qor::NaturalLess(a, b); });
+    PeerSort<std::string>(state, Name, kText, [](const std::string &a, const std::string &b) { return qor::NaturalLess(a, b); });
 }
-void PeerSortNumeric(benchmark::State &state) {
-    PeerSort<std::int32_t>(state, Run, [](const std::string &s) { return qor::Atol32(s); }, std::less<>());
-}
-void PeerSortTime(benchmark::State &state) {
-    PeerSort<std::int64_t>(state, Started, [](const std::string &s) { return ParseStamp(s); }, std::less<>());
-}
-
-// The grid's quick sort alone, on the same keys as the peers, already
-// gathered: what the sort costs without reading the table.
-template <class Key, class Make>
-void QuickOnly(benchmark::State &state, Column column, Make make) {
-    const auto &cells = TheData().columns[column];
-    std::vector<Key> keys;
-    for (const std::string &cell : cells) keys.push_back(make(cell));
-    std::vector<Key> work;
-    for (auto _ : state) {
-        state.PauseTiming();
-        work = keys;
-        state.ResumeTiming();
-        benchmark::DoNotOptimize(qor::QuickSortOrder(std::move(work), true).data());
-    }
-}
-void QuickOnlyText(benchmark::State &state) {
-    QuickOnly<std::string>(state, Name, [](const std::string &s) { return s; });
-}
-void QuickOnlyNumeric(benchmark::State &state) {
-    QuickOnly<std::int32_t>(state, Run, [](const std::string &s) { return qor::Atol32(s); });
-}
-void QuickOnlyTime(benchmark::State &state) {
-    QuickOnly<std::int64_t>(state, Started, [](const std::string &s) { return ParseStamp(s); });
-}
+void PeerSortNumeric(benchmark::State &state) { PeerSort<std::int32_t>(state, Run, kNumber, std::less<>()); }
+void PeerSortTime(benchmark::State &state) { PeerSort<std::int64_t>(state, Started, ParseStamp, std::less<>()); }
+void QuickOnlyText(benchmark::State &state) { QuickOnly<std::string>(state, Name, kText); }
+void QuickOnlyNumeric(benchmark::State &state) { QuickOnly<std::int32_t>(state, Run, kNumber); }
+void QuickOnlyTime(benchmark::State &state) { QuickOnly<std::int64_t>(state, Started, ParseStamp); }
 
 // ---- filtering ----
 

@@ -43,7 +43,7 @@ private:
 inline void PrefetchCell(const Row *row, std::size_t column) {
     __builtin_prefetch(reinterpret_cast<const char *>(row) + sizeof(Row) + column * sizeof(std::string));
 }
-constexpr std::size_t kPrefetchAhead = 48;
+constexpr std::size_t kPrefetchAhead = 16;
 
 // The master table, with a checkbox bit per position and an index of keys,
 // and the view. The view is a snapshot: it keeps showing a row's old cells,
