@@ -3,6 +3,7 @@
 #include "qor/controls/report/CSuperReportCtrl2.h"
 
 #include <algorithm>
+#include <climits>
 #include <sstream>
 
 using qor::report::Row;
@@ -424,9 +425,10 @@ int CSuperReportCtrl2::GetStringWidth(const std::string &text) const {
 }
 
 CRect CSuperReportCtrl2::GetListItemRect(int row) const {
-    int width = 0;
+    if (row < 0 || row >= itemCount_ || row >= INT_MAX / kRowHeight - 1) return CRect();
+    long long width = 0;
     for (int w : columnWidths_) width += w;
-    return CRect(0, row * kRowHeight, width, (row + 1) * kRowHeight);
+    return CRect(0, row * kRowHeight, static_cast<int>(std::min<long long>(width, INT_MAX)), (row + 1) * kRowHeight);
 }
 
 void CSuperReportCtrl2::DeleteListColumns() {

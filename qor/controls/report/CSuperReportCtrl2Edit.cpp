@@ -10,6 +10,8 @@ using qor::report::Row;
 
 namespace qor::report_edit_impl {
 
+int Clamped(long long value) { return static_cast<int>(std::clamp<long long>(value, INT_MIN, INT_MAX)); }
+
 // Window styles of the editors, in the framework's bits.
 constexpr unsigned long kEditStyle = 0x50800080;           // one line that scrolls sideways
 constexpr unsigned long kMultiLineEditStyle = 0x50A01004;  // several lines, a scroll bar, takes return
@@ -106,7 +108,7 @@ const qor::InPlaceEditor *CSuperReportCtrl2::showInPlaceControl(int row, int col
     editor->style = getColumnStyle(column);
     editor->rect = getCellRect(row, column);
     if (const HeaderInfo *header = getHeaderInfo(column); header && header->multiLine)
-        editor->rect.bottom = 4 * editor->rect.bottom - 3 * editor->rect.top;
+        editor->rect.bottom = qor::report_edit_impl::Clamped(4LL * editor->rect.bottom - 3LL * editor->rect.top);
     return OpenEditor(std::move(editor));
 }
 
@@ -118,7 +120,8 @@ const qor::InPlaceEditor *CSuperReportCtrl2::showInPlaceControl(int row, int col
     editor->style = qor::report_edit_impl::kComboStyle;
     editor->rect = getCellRect(row, column);
     int rowHeight = GetListItemRect(row).Height();
-    editor->rect.bottom += static_cast<int>(std::min<std::size_t>(items.size() + 1, INT_MAX / 64)) * rowHeight;
+    editor->rect.bottom = qor::report_edit_impl::Clamped(
+        editor->rect.bottom + static_cast<long long>(std::min<std::size_t>(items.size() + 1, INT_MAX)) * rowHeight);
     auto match = std::find(items.begin(), items.end(), text);
     editor->selected = match == items.end() ? -1 : static_cast<int>(match - items.begin());
     editor->items = std::move(items);
