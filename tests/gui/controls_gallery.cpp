@@ -161,4 +161,28 @@ TEST_F(Gallery, EveryEditorGivesItsValueBack) {
     EXPECT_EQ(list->EditorWindow(), nullptr);
 }
 
+TEST_F(Gallery, TipsCheckboxesAndTheDeleteKey) {
+    CSuperReportCtrl2 &grid = Grid();
+    const int notes = grid.getHeaderColumn("Notes");
+    grid.updateCell(1, notes, std::string(90, 'n') + " more", false);
+    wxMouseEvent motion(wxEVT_MOTION);
+    motion.SetPosition(Cell(1, notes).GetPosition() + wxPoint(3, 3));
+    list->RowsWindow()->ProcessWindowEvent(motion);
+    EXPECT_EQ(qor::wx::FromWx(list->RowsWindow()->GetToolTipText()), std::string(90, 'n') + "\nmore");
+
+    wxListEvent checked(wxEVT_LIST_ITEM_CHECKED, list->GetId());
+    checked.m_itemIndex = 2;
+    list->ProcessWindowEvent(checked);
+    EXPECT_TRUE(grid.getCheckboxState(2));
+    EXPECT_TRUE(list->IsItemChecked(2));
+
+    std::int64_t gone = grid.getUniqueKey(4);
+    list->SetItemState(4, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    wxListEvent key(wxEVT_LIST_KEY_DOWN, list->GetId());
+    key.m_code = WXK_DELETE;
+    list->ProcessWindowEvent(key);
+    EXPECT_EQ(list->GetItemCount(), 499);
+    EXPECT_TRUE(grid.getRowDataFromKey(gone).empty());
+}
+
 }  // namespace
