@@ -58,7 +58,7 @@ std::string Stamp(std::int64_t t) {
 
 struct Owner : qor::ReportContainer {
     CSuperReportCtrl2 *grid = nullptr;
-    std::int64_t GetCellTime(int row, int column) override { return ParseStamp(grid->getCellData(row, column)); }
+    std::int64_t GetCellTime(int row, int column) override { return ParseStamp(grid->getCellText(row, column)); }
 };
 
 enum Column { Shuffle, Run, Name, Started, Status };

@@ -88,7 +88,7 @@ public:
         return heading == "Instrument" ? kInstruments : heading == "Status" ? kStatuses : std::vector<std::string>{};
     }
     std::int64_t GetCellTime(int row, int column) override {
-        return grid ? ParseTime(grid->getCellData(row, column)) : 0;
+        return grid ? ParseTime(grid->getCellText(row, column)) : 0;
     }
     void OnSorted(const std::string &text) override { say("Sorted by " + text); }
     void OnViewChanged(CSuperReportCtrl2 *control) override {

@@ -228,9 +228,12 @@ bool CSuperReportCtrl2::updateCellKey(std::int64_t key, int column, const std::s
     return true;
 }
 
-std::string CSuperReportCtrl2::getCellData(int row, int column) const {
+std::string CSuperReportCtrl2::getCellData(int row, int column) const { return getCellText(row, column); }
+
+const std::string &CSuperReportCtrl2::getCellText(int row, int column) const {
+    static const std::string none;
     Row *viewRow = ViewRow(row);
-    return viewRow && getHeaderInfo(column) ? viewRow->Cell(column) : std::string();
+    return viewRow && getHeaderInfo(column) ? viewRow->Cell(column) : none;
 }
 
 std::string CSuperReportCtrl2::getRealCellData(int row, int column) {

@@ -115,6 +115,9 @@ public:
     bool updateCell(std::int64_t key, const std::pair<std::string, std::string> &cell, bool notify);
     bool updateCellKey(std::int64_t key, int column, const std::string &value, bool notify);
     std::string getCellData(int row, int column) const;  // as the view shows it
+    // The same without a copy, for owners that read many cells (the times of
+    // a sort); valid until the view changes.
+    const std::string &getCellText(int row, int column) const;
     std::string getRealCellData(int row, int column);    // by the row's master record
     RowData getViewRowData(int row) const;
     RowData getMainRowData(int row);

@@ -32,6 +32,8 @@ void ForEachCell(const std::vector<Row *> &rows, int column, Read &&read) {
     const std::size_t n = rows.size();
     for (std::size_t i = 0; i < n; ++i) {
         if (i + qor::report::kPrefetchAhead < n) qor::report::PrefetchCell(rows[i + qor::report::kPrefetchAhead], column);
+        if (i + qor::report::kPrefetchTextAhead < n)
+            qor::report::PrefetchCellText(rows[i + qor::report::kPrefetchTextAhead], column);
         read(i, rows[i]->Cell(column));
     }
 }
@@ -163,6 +165,8 @@ void CSuperReportCtrl2::SortTables(bool quick) {
                 // The owner reads the cell, most likely: fetch it meanwhile.
                 if (i + qor::report::kPrefetchAhead < rows.size())
                     qor::report::PrefetchCell(rows[i + qor::report::kPrefetchAhead], column);
+                if (i + qor::report::kPrefetchTextAhead < rows.size())
+                    qor::report::PrefetchCellText(rows[i + qor::report::kPrefetchTextAhead], column);
                 values[i] = container_ ? container_->GetCellTime(static_cast<int>(i), column) : 0;
             });
             if (!asView) rows_.View() = std::move(shown);

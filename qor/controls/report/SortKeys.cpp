@@ -2,6 +2,7 @@
 
 #include <cfloat>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 
 namespace qor {
@@ -28,6 +29,14 @@ std::size_t NumberRunEnd(std::string_view s, std::size_t i) {
 // The run [i, end) read as a stream reads a float: digits with at most one
 // point; a failed read gives 0, an overflow the largest float.
 float ReadRun(std::string_view s, std::size_t i, std::size_t end) {
+    // Up to 19 digits and no point: the integer, rounded to a float once,
+    // is what a correctly rounded read of the text gives.
+    if (end - i <= 19) {
+        std::uint64_t integer = 0;
+        std::size_t k = i;
+        while (k < end && s[k] != '.') integer = integer * 10 + static_cast<unsigned>(s[k++] - '0');
+        if (k == end) return static_cast<float>(integer);
+    }
     float value = 0;
     const char *first = s.data() + i;
     auto [ptr, ec] = std::from_chars(first, s.data() + end, value, std::chars_format::fixed);
