@@ -1,8 +1,7 @@
 // qor-gallery: the library's controls in one window.
 #include <wx/app.h>
-#include <wx/frame.h>
-#include <wx/notebook.h>
 
+#include "GalleryFrame.h"
 #include "WidgetsPage.h"
 
 namespace {
@@ -10,9 +9,7 @@ namespace {
 class GalleryApp : public wxApp {
 public:
     bool OnInit() override {
-        auto *frame = new wxFrame(nullptr, wxID_ANY, "Qor gallery", wxDefaultPosition, wxSize(900, 600));
-        auto *pages = new wxNotebook(frame, wxID_ANY);
-        pages->AddPage(qor::gallery::MakeWidgetsPage(pages), "Widgets");
+        auto *frame = new qor::gallery::GalleryFrame(qor::gallery::MakeWidgetsPage);
         frame->Show();
         return true;
     }
