@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "../../tools/gallery/GalleryFrame.h"
+#include "GalleryFrame.h"
 #include "controls_support.h"
 #include "qor/controls.h"
 #include "qor/controls/wx/InPlaceEditors.h"

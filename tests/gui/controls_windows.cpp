@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "../../tools/gallery/GalleryFrame.h"
+#include "GalleryFrame.h"
 #include "controls_support.h"
 #include "qor/controls/wx/DigistringCtrl.h"
 #include "qor/controls/wx/ReportListCtrl.h"

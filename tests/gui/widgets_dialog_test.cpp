@@ -15,8 +15,8 @@
 #include "qor/controls/wx/TabContainer.h"
 #include "widgets_support.h"
 
-// The dialog is the gallery's own, built into this test as it is.
-#include "../../tools/gallery/WidgetsDialog.cpp"
+// The dialog is the gallery's own, linked into this test as the program has it.
+#include "WidgetsDialog.h"
 
 namespace widgets_test {
 

@@ -1,5 +1,7 @@
 #include "qor/controls/wx/XTFlatMRUComboBox.h"
 
+#include <wx/textctrl.h>
+
 CXTFlatMRUComboBox::CXTFlatMRUComboBox(wxWindow *parent, wxWindowID id, const std::string &key,
                                        unsigned maxEntries, HKEY root, bool caseSensitive,
                                        const wxPoint &pos, const wxSize &size, long style)
