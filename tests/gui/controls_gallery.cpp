@@ -143,7 +143,7 @@ TEST_F(Gallery, EveryEditorGivesItsValueBack) {
         date->SetTime(when);
         // Pressing on another row ends the edit before the row is selected.
         controls_test::Click(list->RowsWindow(), Cell(8, 0).GetPosition() + wxPoint(40, 4));
-        ASSERT_TRUE(controls_test::WaitFor([&] { return list->EditorWindow() == nullptr; })) << name;
+        ASSERT_TRUE(gui_test::PumpUntil([&] { return list->EditorWindow() == nullptr; })) << name;
         EXPECT_EQ(cell(name), qor::FormatInPlaceTime(when, std::string(name) == "Started")) << name;
     }
 

@@ -72,16 +72,6 @@ inline double Difference(const wxImage &a, const wxImage &b) {
     return n ? sum / static_cast<double>(n) : 0;
 }
 
-// Lets the toolkit run, yielding as a window's own loop does, until done()
-// holds or ten seconds pass; true when done() held.
-template <class Done>
-bool WaitFor(Done done) {
-    return gui_test::PumpUntil([&] {
-        wxYield();
-        return done();
-    });
-}
-
 // A press and release of a mouse button at `at`, in the window's client
 // coordinates, as the toolkit delivers them.
 inline void Click(wxWindow *window, wxPoint at, bool right = false) {

@@ -37,14 +37,14 @@ TEST_F(ControlWindows, TheListAsksOnlyForTheRowsOnScreen) {
     ShowFrame();
     const long page = list->GetCountPerPage();
     ASSERT_GT(page, 3);
-    ASSERT_TRUE(controls_test::WaitFor([&] { return !list->asked.empty(); }));
+    ASSERT_TRUE(gui_test::PumpUntil([&] { return !list->asked.empty(); }));
     EXPECT_LE(*list->asked.rbegin(), page + 1);
 
     for (long target : {100000L, 199999L, 5L}) {
         list->asked.clear();
         list->EnsureVisible(target);
         list->Update();
-        ASSERT_TRUE(controls_test::WaitFor([&] { return list->asked.count(target); })) << target;
+        ASSERT_TRUE(gui_test::PumpUntil([&] { return list->asked.count(target); })) << target;
         gui_test::Pump();
         long top = list->GetTopItem();
         EXPECT_LE(static_cast<long>(list->asked.size()), page + 2) << target;
@@ -87,7 +87,7 @@ TEST_F(ControlWindows, TheSegmentDisplayPaintsLitAndUnlitSegments) {
     EXPECT_TRUE(Near(corner, digits.GetBackColor()));
 
     digits.SetColor(RGB(0, 0, 0), RGB(0, 255, 0));  // a change repaints
-    ASSERT_TRUE(controls_test::WaitFor([&] {
+    ASSERT_TRUE(gui_test::PumpUntil([&] {
         return Near(SegmentPixel(controls_test::Snapshot(display, "digits-green"), layout, 0, 3), RGB(0, 255, 0));
     }));
 }
@@ -99,7 +99,7 @@ TEST_F(ControlWindows, TheGalleryCounterRuns) {
     ShowFrame();
     qor::gallery::SegmentsPage *page = gallery->Segments();
     long start = page->Count();
-    ASSERT_TRUE(controls_test::WaitFor([&] { return page->Count() >= start + 3; }));
+    ASSERT_TRUE(gui_test::PumpUntil([&] { return page->Count() >= start + 3; }));
     char expected[32];
     std::snprintf(expected, sizeof expected, "%08ld", page->Count() - 1);
     EXPECT_EQ(page->Counter()->Digits().GetString(), expected);
