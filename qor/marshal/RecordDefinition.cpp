@@ -3,6 +3,8 @@
 // driven by a record's layout.
 #include "qor/marshal/RecordDefinition.h"
 
+#include <charconv>
+
 namespace qor::record {
 
 std::string AttributeText(bool value) { return value ? "1" : "0"; }

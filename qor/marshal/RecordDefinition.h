@@ -56,7 +56,6 @@
 // is made from the same table, so tools and tests see exactly what the record does.
 #pragma once
 
-#include <charconv>
 #include <memory>
 #include <string>
 #include <string_view>
