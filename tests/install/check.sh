@@ -13,6 +13,7 @@ cmake -S "$consumer" -B "$scratch/cmake-client" -G Ninja -DCMAKE_PREFIX_PATH="$p
 cmake --build "$scratch/cmake-client" >/dev/null
 "$scratch/cmake-client/qor_client"
 "$scratch/cmake-client/qor_model_client"
+"$scratch/cmake-client/qor_dom_client"
 
 # A pkg-config client.
 export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
@@ -24,6 +25,10 @@ g++ -o "$scratch/pc-client" "$consumer/main.cpp" $(pkg-config --cflags qor) $(pk
 # The installed command line answers, and issues and checks a product key with
 # a vendor key pair made here.
 "$prefix/bin/qor" --help >/dev/null
+"$prefix/bin/qor" record new HooksPluginXMLMarshaller::TaskStarting > "$scratch/task.xml"
+"$prefix/bin/qor" xml check "$scratch/task.xml" >/dev/null
+"$prefix/bin/qor" record show "$scratch/task.xml" >/dev/null
+"$prefix/bin/qor" record fields MetaDataManager::Command >/dev/null
 openssl genpkey -algorithm ed25519 -out "$scratch/vendor.pem"
 openssl pkey -in "$scratch/vendor.pem" -pubout -out "$scratch/vendor.pub"
 key=$("$prefix/bin/qor" license issue --key "$scratch/vendor.pem" --product P --licensee L | tail -n 1)
