@@ -3,6 +3,8 @@
 // placed on a plate.
 #pragma once
 
+#include <algorithm>
+
 #include "qor/records/pipette/PipetteHeadMode.h"
 
 namespace qor::pipette {
@@ -31,25 +33,36 @@ struct HeadOnPlate {
         return row >= 0 && row < rows && column >= 0 && column < columns;
     }
 
-    // The first barrel's position from which a well on the plate is reached.
+    // The first barrel's position from which a well on the plate is reached,
+    // a row and a column at a time.
+    int BaseRow(int row) const { return BaseCoordinate(rowReach, rows, row); }
+    int BaseColumn(int column) const { return BaseCoordinate(columnReach, columns, column); }
     PipetteXMLMarshaller::Well Base(const PipetteXMLMarshaller::Well &well) const {
-        return PipetteXMLMarshaller::Well(BaseCoordinate(rowReach, rows, well.Row),
-                                          BaseCoordinate(columnReach, columns, well.Column));
+        return PipetteXMLMarshaller::Well(BaseRow(well.Row), BaseColumn(well.Column));
     }
 
     // Calls visit(row, column) for each well the head touches from base, row
     // by row. Bounded by the plate whatever the counts.
     template <class Visit>
     void ForEachTouched(const PipetteXMLMarshaller::Well &base, Visit visit) const {
-        for (long long row = base.Row; OnPlate(row, 0) && row - base.Row <= rowReach; row += ratio) {
-            for (long long column = base.Column; OnPlate(row, column) && column - base.Column <= columnReach;
-                 column += ratio) {
-                visit(static_cast<int>(row), static_cast<int>(column));
-            }
+        const long long touchedRows = TouchedAlong(base.Row, rows, rowReach);
+        const long long touchedColumns = TouchedAlong(base.Column, columns, columnReach);
+        for (int i = 0, row = base.Row; i < touchedRows; ++i, row += ratio) {
+            for (int j = 0, column = base.Column; j < touchedColumns; ++j, column += ratio) visit(row, column);
         }
     }
 
+    // How many wells ForEachTouched visits from base.
+    long long TouchedCount(const PipetteXMLMarshaller::Well &base) const {
+        return TouchedAlong(base.Row, rows, rowReach) * TouchedAlong(base.Column, columns, columnReach);
+    }
+
 private:
+    long long TouchedAlong(long long start, int size, long long reach) const {
+        if (start < 0 || start >= size || reach < 0) return 0;
+        return std::min((size - 1 - start) / ratio, reach / ratio) + 1;
+    }
+
     int BaseCoordinate(long long reach, int size, int coordinate) const {
         const long long past = reach - size + coordinate;  // how far the head would overhang
         if (past < 0) return coordinate;

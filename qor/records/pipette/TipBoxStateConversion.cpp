@@ -29,11 +29,16 @@ void TipBoxState::ConvertToSingleBarrelHeadMode() {
             }
         }
     }
-    TipPositions.clear();
+    // The first two records take the result, so their lists are reused.
+    TipPositions.resize(kKept.size());
     for (std::size_t i = 0; i < kKept.size(); ++i) {
-        TipPosition &position = TipPositions.emplace_back();
+        TipPosition &position = TipPositions[i];
         position.State = kKept[i];
-        if (gathered[i]) gathered[i]->AppendTo(position.Wells);
+        if (gathered[i]) {
+            gathered[i]->AssignTo(position.Wells);
+        } else {
+            position.Wells.clear();
+        }
     }
     // Limiting the counts to the grid first, as the rule has it, changes
     // nothing once both are 1.
