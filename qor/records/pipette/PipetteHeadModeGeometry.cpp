@@ -178,8 +178,9 @@ bool PipetteHeadMode::GetExtendedSetFromBaseWell(const PipetteHeadMode &mode, in
         set.clear();
         return false;
     }
-    qor::pipette::Overwrite(set, static_cast<std::size_t>(head.TouchedCount(base)),
-                            [&](auto write) { head.ForEachTouched(base, write); });
+    const Well from(base.Row, base.Column);  // base may be a well of set
+    qor::pipette::Overwrite(set, static_cast<std::size_t>(head.TouchedCount(from)),
+                            [&](auto write) { head.ForEachTouched(from, write); });
     return true;
 }
 

@@ -102,6 +102,13 @@ bool MapEach(const std::vector<Item> &items, const std::string &title, Map map) 
     return true;
 }
 
+// The selection texts of a list of tip or volume changes.
+template <class Change>
+bool SelectionTexts(const std::vector<Change> &changes, const std::string &title, Mapping &m) {
+    return MapEach(changes, title,
+                   [&](const Change &change, const std::string &t) { return m.SelectionText(change.WellSelection, t); });
+}
+
 struct RecordMapper {
     const char *element;
     bool (*map)(const XMLNode &, Mapping &);
@@ -116,17 +123,11 @@ constexpr RecordMapper kRecordMappers[] = {
      }},
     {"TipChange", [](const XMLNode &n, Mapping &m) { return m.SelectionText(TipChange(n).WellSelection, "TipChange"); }},
     {"TipChanges",
-     [](const XMLNode &n, Mapping &m) {
-         return MapEach(TipChanges(n).TipChanges_, "TipChange",
-                        [&](const TipChange &c, const std::string &t) { return m.SelectionText(c.WellSelection, t); });
-     }},
+     [](const XMLNode &n, Mapping &m) { return SelectionTexts(TipChanges(n).TipChanges_, "TipChange", m); }},
     {"VolumeChange",
      [](const XMLNode &n, Mapping &m) { return m.SelectionText(VolumeChange(n).WellSelection, "VolumeChange"); }},
     {"VolumeChanges",
-     [](const XMLNode &n, Mapping &m) {
-         return MapEach(VolumeChanges(n).VolumeChanges_, "VolumeChange",
-                        [&](const VolumeChange &c, const std::string &t) { return m.SelectionText(c.WellSelection, t); });
-     }},
+     [](const XMLNode &n, Mapping &m) { return SelectionTexts(VolumeChanges(n).VolumeChanges_, "VolumeChange", m); }},
     {"PipetteHeadMode", [](const XMLNode &n, Mapping &m) { return m.Head(PipetteHeadMode(n), "PipetteHeadMode"); }},
     {"PipetteHead",
      [](const XMLNode &n, Mapping &m) {
