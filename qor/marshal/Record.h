@@ -22,6 +22,11 @@
 //
 // A record that derives from another record uses QOR_DERIVED_RECORD, so that
 // its ToObjectInstance and FromObjectInstance are marked as overrides.
+//
+// Records that differ only in their element names derive from one plain
+// struct that holds the fields as well as from their family base
+// (class Aborted : public HooksPluginXMLMarshallableObject, public
+// PathEventFields), and each one's source names the shape's single table.
 #pragma once
 
 #include <memory>

@@ -441,7 +441,8 @@ constexpr auto Table(const E &...entries) {
 
 // ---- the record's description, from its table
 
-// The short name of the type in a __PRETTY_FUNCTION__ of TypeNameOf<T>.
+// The name, without namespace or enclosing class, of the type T in the
+// __PRETTY_FUNCTION__ of PrettyFunctionOf<T> (g++ and clang spell it alike).
 std::string ShortTypeName(std::string_view prettyFunction);
 
 template <class T>
