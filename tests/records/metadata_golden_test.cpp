@@ -1,8 +1,9 @@
 // The bytes of the device metadata family, pinned by documents: a whole
-// device description, a query and its answer, and a robot driver message.
-// Each must be written exactly as its golden file and read back to the same
-// record. QOR_UPDATE_GOLDEN=1 rewrites the files from the records (review the
-// diff before committing it).
+// device description, a query and its answer, and a robot driver message,
+// each built here field by field, must be written exactly as its golden file.
+// (RecordGoldenTest reads every golden document back, and checks the family's
+// field tables against MetaDataManager.fields.) QOR_UPDATE_GOLDEN=1 rewrites
+// the documents from the records: review the diff before committing it.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -155,12 +156,9 @@ void ExpectGolden(const char *file, const R &record) {
     std::stringstream golden;
     golden << in.rdbuf();
     EXPECT_EQ(written, golden.str());
-    const R back(golden.str());
-    EXPECT_TRUE(back == record);
-    EXPECT_EQ(back.ToXMLString(), golden.str());
 }
 
-TEST(MetaDataGolden, DocumentsAreWrittenAndReadToTheByte) {
+TEST(MetaDataGolden, RecordsAreWrittenToTheByte) {
     ExpectGolden("sealer.xml", Sealer());
     ExpectGolden("query.xml", LocationQuery());
     ExpectGolden("response.xml", LocationResponse());

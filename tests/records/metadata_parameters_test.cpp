@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "qor/records/metadata.h"
+#include "qor/records/pipette.h"
 #include "qor/xml.h"
 
 using ObjectInstanceXMLMarshaller::Parameter;
@@ -122,6 +123,42 @@ TEST(ParseParameterNodes, KeepingValuesFollowsTheTypeOfTheNewDeclaration) {
         EXPECT_EQ(kept[0].Value, c.value);
         EXPECT_EQ(kept[0].Script, c.script);
         EXPECT_EQ(Parse(node, list, false)[0].Value, "new");  // without keepValues the declaration stands
+    }
+}
+
+TEST(ParseParameterNodes, AWellSelectionKeepsItsWellsUnderTheDeclaredHeadMode) {
+    using PipetteXMLMarshaller::WellSelection;
+    WellSelection users;
+    users.Wells = {PipetteXMLMarshaller::Well(0, 1), PipetteXMLMarshaller::Well(7, 11)};
+    users.LinkedText = "source";
+    WellSelection declared;
+    declared.PipetteHeadMode.SetChannelsType(PipetteXMLMarshaller::CHANNELS_8);
+    declared.PipetteHeadMode.ColumnCount = 1;
+    declared.OnlyOneSelection = true;
+    WellSelection expected = users;
+    expected.PipetteHeadMode = declared.PipetteHeadMode;
+
+    struct Case {
+        const char *label;
+        const char *oldName;
+        std::string oldValue, declaredValue, value;
+    };
+    const Case cases[] = {
+        {"wells kept, head mode declared", "p", users.ToXMLString(), declared.ToXMLString(), expected.ToXMLString()},
+        {"an empty old value keeps the declaration", "p", "", declared.ToXMLString(), declared.ToXMLString()},
+        {"so does a new parameter", nullptr, "", declared.ToXMLString(), declared.ToXMLString()},
+        {"an old value that isn't a selection", "p", "<Wells>", declared.ToXMLString(), declared.ToXMLString()},
+        {"a declaration that isn't one stands", "p", users.ToXMLString(), "none", "none"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.label);
+        XMLNode node = Element("<Command><Parameters><Parameter Name='p' Type='7' /></Parameters></Command>");
+        node.children.front().children.front().attributes["Value"] = c.declaredValue;
+        std::vector<Parameter> list;
+        if (c.oldName) Parameter::AddParameterString(list, c.oldName, c.oldValue);
+        const auto kept = Parse(node, list, true);
+        ASSERT_EQ(kept.size(), 1u);
+        EXPECT_EQ(kept[0].Value, c.value);
     }
 }
 

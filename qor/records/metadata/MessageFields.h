@@ -1,24 +1,22 @@
-// The field table that Query, Response and Update share: they differ only in
-// their element name, their file type and their constants. Included by their
-// sources only.
+// The fields of Query, Response and Update: a category that names the
+// subject, who sends and who is to receive, and free parameters that sender
+// and receiver agree on. Each of those records derives from this plain
+// struct as well as from MetaDataManagerBase; they differ in their element
+// names, their document types and their constants.
 #pragma once
 
-#include <tuple>
+#include <string>
+#include <vector>
 
-#include "qor/marshal/RecordDefinition.h"
+#include "qor/marshal/Parameter.h"
 
 namespace qor::metadata {
 
-template <class R>
-constexpr auto MessageFields(const char *documentType) {
-    using namespace qor::record::dsl;
-    return std::tuple{
-        fileType(documentType),
-        attribute("Category", &R::Category).describedAs("unspecified category"),
-        attribute("Source", &R::Source),
-        attribute("Destination", &R::Destination),
-        list("Parameters", &R::Parameters),
-    };
-}
+struct MessageFields {
+    std::string Category;
+    std::string Source;
+    std::string Destination;
+    std::vector<ObjectInstanceXMLMarshaller::Parameter> Parameters;
+};
 
 }  // namespace qor::metadata

@@ -2,15 +2,8 @@
 
 #include "qor/marshal/RecordDefinition.h"
 
-QOR_DEFINE_RECORD_FRAME_IN(MetaDataManager::, MetaData,
-    attribute("Version", &MetaData::Version),
+QOR_DEFINE_RECORD_IN(MetaDataManager::, MetaData,
+    attribute("Version", &MetaData::Version).shownAs("1.0"),
     child("Device", &MetaData::Device),
     list("Versions", &MetaData::Versions),
     list("Commands", &MetaData::Commands))
-
-void MetaDataManager::MetaData::ToObjectInstance(ObjectInstanceXMLMarshaller::ObjectInstance &instance) const {
-    instance = ObjectInstanceXMLMarshaller::ObjectInstance();
-    qor::record::ShowParameter(instance, "Version", "", ObjectInstanceXMLMarshaller::PARAMETER_TYPE_STRING, "1.0");
-}
-
-void MetaDataManager::MetaData::FromObjectInstance(const ObjectInstanceXMLMarshaller::ObjectInstance &) {}

@@ -7,6 +7,7 @@
 #include "qor/marshal/Convert.h"
 #include "qor/marshal/Parameter.h"
 #include "qor/records/metadata/MetaDataManager.h"
+#include "qor/records/pipette/WellSelection.h"
 
 namespace {
 
@@ -75,6 +76,19 @@ bool KeepsOnlyNonEmpty(ParameterType type) {
     return type == PARAMETER_TYPE_PATH || type == PARAMETER_TYPE_OPTIONAL_PATH || type == PARAMETER_TYPE_DIRECTORY;
 }
 
+// A well selection keeps the user's wells under the head mode the new
+// metadata declares. Either text failing to read as a selection leaves the
+// new one as it stands.
+std::string KeptWellSelection(const std::string &kept, const std::string &declared) {
+    try {
+        PipetteXMLMarshaller::WellSelection selection(kept);
+        selection.PipetteHeadMode = PipetteXMLMarshaller::WellSelection(declared).PipetteHeadMode;
+        return selection.ToXMLString();
+    } catch (const XMLParserException &) {
+        return declared;
+    }
+}
+
 // Carries the old value and script of the parameter of the same name over
 // to the fresh one. A parameter new to the metadata has an empty old value,
 // which most types take as well: that is the long-standing behaviour.
@@ -82,7 +96,11 @@ void KeepOld(Parameter &parameter, const std::vector<Parameter> &old) {
     const auto found = std::find_if(old.begin(), old.end(), [&](const Parameter &p) { return p.Name == parameter.Name; });
     const std::string keptValue = found == old.end() ? std::string() : found->Value;
     const std::string keptScript = found == old.end() ? std::string() : found->Script;
-    if (!KeepsOnlyNonEmpty(parameter.Type) || !keptValue.empty()) parameter.Value = keptValue;
+    if (parameter.Type == ObjectInstanceXMLMarshaller::PARAMETER_TYPE_WELL_SELECT) {
+        parameter.Value = KeptWellSelection(keptValue, parameter.Value);
+    } else if (!KeepsOnlyNonEmpty(parameter.Type) || !keptValue.empty()) {
+        parameter.Value = keptValue;
+    }
     if (!keptScript.empty()) parameter.Script = keptScript;
 }
 

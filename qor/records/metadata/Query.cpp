@@ -1,5 +1,5 @@
 #include "qor/records/metadata/Query.h"
 
-#include "qor/records/metadata/MessageFields.h"
+#include "qor/records/metadata/MessageTable.h"
 
-QOR_DEFINE_RECORD_IN(MetaDataManager::, Query, qor::metadata::MessageFields<Query>("Query"))
+QOR_DEFINE_RECORD_IN(MetaDataManager::, Query, fileType("Query"), qor::metadata::MessageTable())

@@ -3,19 +3,11 @@
 // answer is a Response. Written as a document of the file type "Query".
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "qor/marshal/Parameter.h"
+#include "qor/records/metadata/MessageFields.h"
 #include "qor/records/metadata/MetaDataManager.h"
 
-class MetaDataManager::Query : public MetaDataManagerBase {
+class MetaDataManager::Query : public MetaDataManagerBase, public qor::metadata::MessageFields {
     QOR_RECORD(Query)
-    std::string Category;
-    std::string Source;
-    std::string Destination;
-    std::vector<ObjectInstanceXMLMarshaller::Parameter> Parameters;
-
     // Categories.
     static constexpr char QueryCategoryInterPlugin[] = "InterPlugin";
     static constexpr char QueryCategoryLocationToTeachpoints[] = "LocationToTeachpoints";

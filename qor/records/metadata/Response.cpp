@@ -1,5 +1,5 @@
 #include "qor/records/metadata/Response.h"
 
-#include "qor/records/metadata/MessageFields.h"
+#include "qor/records/metadata/MessageTable.h"
 
-QOR_DEFINE_RECORD_IN(MetaDataManager::, Response, qor::metadata::MessageFields<Response>("QueryResponse"))
+QOR_DEFINE_RECORD_IN(MetaDataManager::, Response, fileType("QueryResponse"), qor::metadata::MessageTable())

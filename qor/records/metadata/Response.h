@@ -2,19 +2,11 @@
 // Written as a document of the file type "QueryResponse".
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "qor/marshal/Parameter.h"
+#include "qor/records/metadata/MessageFields.h"
 #include "qor/records/metadata/MetaDataManager.h"
 
-class MetaDataManager::Response : public MetaDataManagerBase {
+class MetaDataManager::Response : public MetaDataManagerBase, public qor::metadata::MessageFields {
     QOR_RECORD(Response)
-    std::string Category;
-    std::string Source;
-    std::string Destination;
-    std::vector<ObjectInstanceXMLMarshaller::Parameter> Parameters;
-
     // Parameter names.
     static constexpr char ResponseParameterLabware[] = "Labware";
     static constexpr char ResponseParameterVariableValue[] = "VariableValue";

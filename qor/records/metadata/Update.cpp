@@ -1,5 +1,5 @@
 #include "qor/records/metadata/Update.h"
 
-#include "qor/records/metadata/MessageFields.h"
+#include "qor/records/metadata/MessageTable.h"
 
-QOR_DEFINE_RECORD_IN(MetaDataManager::, Update, qor::metadata::MessageFields<Update>("Update"))
+QOR_DEFINE_RECORD_IN(MetaDataManager::, Update, fileType("Update"), qor::metadata::MessageTable())

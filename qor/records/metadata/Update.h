@@ -2,19 +2,11 @@
 // carry the details. Written as a document of the file type "Update".
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "qor/marshal/Parameter.h"
+#include "qor/records/metadata/MessageFields.h"
 #include "qor/records/metadata/MetaDataManager.h"
 
-class MetaDataManager::Update : public MetaDataManagerBase {
+class MetaDataManager::Update : public MetaDataManagerBase, public qor::metadata::MessageFields {
     QOR_RECORD(Update)
-    std::string Category;
-    std::string Source;
-    std::string Destination;
-    std::vector<ObjectInstanceXMLMarshaller::Parameter> Parameters;
-
     // Categories. "TermSucess" is the text on the wire, misspelt as it is.
     static constexpr char UpdateCategoryRackInfo[] = "RackInfo";
     static constexpr char UpdateCategoryBarCode[] = "Barcode";
