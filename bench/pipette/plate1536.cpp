@@ -154,7 +154,9 @@ std::size_t SortAndCullGeneric(const std::vector<Well> &wells) {
     return work.size();
 }
 
-bool PerfectGeneric(const std::vector<Well> &wells) { return PipetteHeadMode::IsSetPerfect(WholeHead(), kWells, wells); }
+bool PerfectGeneric(const std::vector<Well> &wells) {
+    return PipetteHeadMode::IsSetPerfect(WholeHead(), kWells, wells);
+}
 
 std::size_t SingleBarrelGeneric(const TipBoxState &box) {
     TipBoxState work = box;
@@ -265,8 +267,12 @@ PAIR("SmallestUniqueSet", Zero, SmallestUniqueGeneric, Zero, SmallestUniqueByHan
 PAIR("SortAndCull3072", ShuffledWells, SortAndCullGeneric, ShuffledPairs, SortAndCullByHand);
 PAIR("PerfectWholePlate", AllWells, PerfectGeneric, AllBits, PerfectByHand);
 PAIR("SingleBarrelTipBox", MixedBox, SingleBarrelGeneric, MixedBox, SingleBarrelByHand);
-BENCHMARK(Loop<EveryMode, CompatibilityOverEveryMode>)->Name("CompatibilityEveryModeEveryPlate")->Unit(benchmark::kMicrosecond);
-BENCHMARK(Loop<ProcessBoxes, TipStatesToObjectInstance>)->Name("TipStatesToObjectInstance")->Unit(benchmark::kMicrosecond);
+BENCHMARK(Loop<EveryMode, CompatibilityOverEveryMode>)
+    ->Name("CompatibilityEveryModeEveryPlate")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(Loop<ProcessBoxes, TipStatesToObjectInstance>)
+    ->Name("TipStatesToObjectInstance")
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

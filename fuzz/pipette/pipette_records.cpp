@@ -39,7 +39,8 @@ void Geometry(const WellSelection &selection) {
         PipetteHeadMode::ValidateSelection(mode, wells, wanted, valid);
         Require(StrictlySorted(valid));
         Require(known || valid.empty());
-        for (const Well &base : valid) Require(base.Row >= 0 && base.Row < rows && base.Column >= 0 && base.Column < columns);
+        for (const Well &base : valid)
+            Require(base.Row >= 0 && base.Row < rows && base.Column >= 0 && base.Column < columns);
         PipetteHeadMode::IsSetPerfect(mode, wells, wanted);
         std::vector<Well> set;
         Require(PipetteHeadMode::GetSmallestUniqueSet(mode, wells, set) == (known && spaced));
@@ -47,7 +48,8 @@ void Geometry(const WellSelection &selection) {
         for (std::size_t i = 0; i < wanted.size() && i < 64; ++i) {
             Well base;
             if (PipetteHeadMode::GetBaseSelectionWell(mode, wells, wanted[i], base)) {
-                Require(base.Row >= 0 && base.Row <= wanted[i].Row && base.Column >= 0 && base.Column <= wanted[i].Column);
+                Require(base.Row >= 0 && base.Row <= wanted[i].Row && base.Column >= 0 &&
+                        base.Column <= wanted[i].Column);
             }
             PipetteHeadMode::GetExtendedSetFromBaseWell(mode, wells, wanted[i], set);
             Require(set.size() <= static_cast<std::size_t>(rows * columns));

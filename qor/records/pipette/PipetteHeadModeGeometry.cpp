@@ -61,7 +61,8 @@ class PlateMembers {
 public:
     static bool Fits(const std::vector<Well> &set) {
         return std::all_of(set.begin(), set.end(), [](const Well &well) {
-            return well.Row >= 0 && well.Row < WellBits::MaxRows && well.Column >= 0 && well.Column < WellBits::MaxColumns;
+            return well.Row >= 0 && well.Row < WellBits::MaxRows && well.Column >= 0 &&
+                   well.Column < WellBits::MaxColumns;
         });
     }
     explicit PlateMembers(const std::vector<Well> &set) {
@@ -142,6 +143,8 @@ bool qor::pipette::PlaceHead(const PipetteXMLMarshaller::PipetteHeadMode &mode, 
     using PipetteXMLMarshaller::PipetteHeadMode;
     if (!PipetteHeadMode::WellCountToPlateDimensions(wells, head.rows, head.columns)) return false;
     head.ratioKnown = PipetteHeadMode::GetHeadWellSpacingRatio(mode, wells, head.ratio);
+    head.barrelRows = std::clamp(mode.RowCount, 0, head.rows);
+    head.barrelColumns = std::clamp(mode.ColumnCount, 0, head.columns);
     head.rowReach = (mode.RowCount - 1LL) * head.ratio;
     head.columnReach = (mode.ColumnCount - 1LL) * head.ratio;
     return true;
@@ -165,9 +168,9 @@ bool PipetteHeadMode::GetHeadWellSpacingRatio(const PipetteHeadMode &mode, int w
 bool PipetteHeadMode::GetBaseSelectionWell(const PipetteHeadMode &mode, int wells, const Well &well, Well &base) {
     HeadOnPlate head;
     if (!qor::pipette::PlaceHead(mode, wells, head) || !head.OnPlate(well.Row, well.Column)) return false;
-    const Well found = head.Base(well);
-    base.Row = found.Row;
-    base.Column = found.Column;
+    const int row = head.BaseRow(well.Row), column = head.BaseColumn(well.Column);
+    base.Row = row;
+    base.Column = column;
     return true;
 }
 
@@ -178,9 +181,10 @@ bool PipetteHeadMode::GetExtendedSetFromBaseWell(const PipetteHeadMode &mode, in
         set.clear();
         return false;
     }
-    const Well from(base.Row, base.Column);  // base may be a well of set
-    qor::pipette::Overwrite(set, static_cast<std::size_t>(head.TouchedCount(from)),
-                            [&](auto write) { head.ForEachTouched(from, write); });
+    const int row = base.Row, column = base.Column;  // base may be a well of set
+    const HeadOnPlate::Touched touched = head.TouchedFrom(row, column);
+    qor::pipette::Overwrite(set, touched.Count(),
+                            [&](auto write) { head.ForEachTouched(row, column, touched, write); });
     return true;
 }
 
@@ -228,7 +232,7 @@ void PipetteHeadMode::ValidateSelection(const PipetteHeadMode &mode, int wells, 
             if (!head.OnPlate(well.Row, well.Column)) continue;
             const int row = baseRows[well.Row], column = baseColumns[well.Column];
             if (chosen.Test(row, column) || covered.Test(row, column)) continue;
-            head.ForEachTouched(Well(row, column), [&](int r, int c) { covered.Set(r, c); });
+            head.ForEachTouched(row, column, [&](int r, int c) { covered.Set(r, c); });
             chosen.Set(row, column);
             added.Set(row, column);
         }

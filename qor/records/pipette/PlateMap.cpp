@@ -120,8 +120,9 @@ bool MapEach(const std::vector<Item> &items, const std::string &title, Map map) 
 // The selection texts of a list of tip or volume changes.
 template <class Change>
 bool SelectionTexts(const std::vector<Change> &changes, const std::string &title, Mapping &m) {
-    return MapEach(changes, title,
-                   [&](const Change &change, const std::string &t) { return m.SelectionText(change.WellSelection, t); });
+    return MapEach(changes, title, [&](const Change &change, const std::string &t) {
+        return m.SelectionText(change.WellSelection, t);
+    });
 }
 
 struct RecordMapper {
@@ -136,7 +137,8 @@ constexpr RecordMapper kRecordMappers[] = {
          const DiagnosticsTipOperation operation(n);
          return m.Selection(operation.WellSelection, "DiagnosticsTipOperation at " + Quoted(operation.Location));
      }},
-    {"TipChange", [](const XMLNode &n, Mapping &m) { return m.SelectionText(TipChange(n).WellSelection, "TipChange"); }},
+    {"TipChange",
+     [](const XMLNode &n, Mapping &m) { return m.SelectionText(TipChange(n).WellSelection, "TipChange"); }},
     {"TipChanges",
      [](const XMLNode &n, Mapping &m) { return SelectionTexts(TipChanges(n).TipChanges_, "TipChange", m); }},
     {"VolumeChange",
@@ -226,7 +228,7 @@ PlateMap MapSelection(const WellSelection &selection, int wells) {
     const WellBits selected = DistinctOnPlate(head, selection.Wells, map.offPlate);
     if (placed) {
         selected.ForEach([&](int row, int column) {
-            head.ForEachTouched(Well(row, column), [&](int r, int c) { MarkAt(map, r, c) = WellMark::Reached; });
+            head.ForEachTouched(row, column, [&](int r, int c) { MarkAt(map, r, c) = WellMark::Reached; });
         });
     }
     selected.ForEach([&](int row, int column) { MarkAt(map, row, column) = WellMark::Selected; });
@@ -260,7 +262,7 @@ bool MapTipBox(const TipBoxState &box, PlateMap &map, std::string &error) {
         listed += position.Wells.size();
         DistinctOnPlate(head, position.Wells, map.offPlate).ForEach([&](int row, int column) {
             if (head.ratioKnown) {
-                head.ForEachTouched(Well(row, column), [&](int r, int c) { MarkAt(map, r, c) = mark; });
+                head.ForEachTouched(row, column, [&](int r, int c) { MarkAt(map, r, c) = mark; });
             } else {
                 MarkAt(map, row, column) = mark;
             }

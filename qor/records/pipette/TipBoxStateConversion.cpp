@@ -25,7 +25,7 @@ void TipBoxState::ConvertToSingleBarrelHeadMode() {
             if (kept == kKept.end()) continue;
             auto &bits = *gathered[static_cast<std::size_t>(kept - kKept.begin())];
             for (const Well &base : position.Wells) {
-                head.ForEachTouched(base, [&](int row, int column) { bits.Set(row, column); });
+                head.ForEachTouched(base.Row, base.Column, [&](int row, int column) { bits.Set(row, column); });
             }
         }
     }
