@@ -1,6 +1,9 @@
 // The parts of the record code that don't depend on a record's type, kept
-// out of line so that every record shares them.
+// out of line so that every record shares them: every step of the frame,
+// driven by a record's layout.
 #include "qor/marshal/RecordDefinition.h"
+
+#include <charconv>
 
 namespace qor::record {
 
@@ -30,9 +33,25 @@ const std::string &ValueOfItem(const XMLNode &item) {
     return found == item.attributes.end() ? none : found->second;
 }
 
-void ShowParameter(ObjectInstanceXMLMarshaller::ObjectInstance &instance, const char *name,
-                   const char *description, int type, std::string value) {
-    using namespace ObjectInstanceXMLMarshaller;
+namespace {
+
+using ObjectInstanceXMLMarshaller::ObjectInstance;
+using ObjectInstanceXMLMarshaller::Parameter;
+
+const void *At(const void *record, std::ptrdiff_t offset) { return static_cast<const char *>(record) + offset; }
+void *At(void *record, std::ptrdiff_t offset) { return static_cast<char *>(record) + offset; }
+
+bool IsShown(const FieldSpec &field) { return field.options.parameter && field.ops->parameterType >= 0; }
+
+const char *ParameterName(const FieldSpec &field) {
+    return field.options.parameterName ? field.options.parameterName : field.key;
+}
+
+// ToObjectInstance: appends a Parameter to the category "Properties",
+// adding the category at the end when it isn't there.
+void ShowParameter(ObjectInstance &instance, const char *name, const char *description, int type,
+                   std::string value) {
+    using ObjectInstanceXMLMarshaller::ObjectParameterCategory;
     static const std::string properties = "Properties";
     auto &categories = instance.BaseObjectDescription.Categories;
     ObjectParameterCategory *category = nullptr;
@@ -49,18 +68,104 @@ void ShowParameter(ObjectInstanceXMLMarshaller::ObjectInstance &instance, const 
     Parameter &parameter = category->Parameters.emplace_back();
     parameter.Name = name;
     parameter.Description = description;
-    parameter.Type = static_cast<ParameterType>(type);
+    parameter.Type = static_cast<ObjectInstanceXMLMarshaller::ParameterType>(type);
     parameter.Value = std::move(value);
 }
 
-const std::vector<ObjectInstanceXMLMarshaller::Parameter> *ParametersToRead(
-    const ObjectInstanceXMLMarshaller::ObjectInstance &instance) {
+// FromObjectInstance: the parameters to read from, those of the first
+// category with an empty name, else of the first category; null when the
+// instance has no category.
+const std::vector<Parameter> *ParametersToRead(const ObjectInstance &instance) {
     const auto &categories = instance.BaseObjectDescription.Categories;
     if (categories.empty()) return nullptr;
     for (const auto &category : categories) {
         if (category.Name.empty()) return &category.Parameters;
     }
     return &categories.front().Parameters;
+}
+
+}  // namespace
+
+void WriteRecord(XMLNode &node, const Layout &layout, const void *record) {
+    node.name = layout.elementName;
+    if (layout.base) {
+        // The base's fields come first, written by the base under its own name.
+        layout.base->write(node, record);
+        node.name = layout.elementName;
+    }
+    for (const FieldSpec &field : layout.fields) {
+        field.ops->write(node, field.key, field.options, At(record, field.offset));
+    }
+}
+
+void ReadRecord(void *record, const XMLNode &node, const Layout &layout) {
+    if (layout.base) layout.base->read(record, node);
+    for (const FieldSpec &field : layout.fields) {
+        field.ops->read(At(record, field.offset), node, field.key, field.options);
+    }
+}
+
+void ShowRecord(const void *record, ObjectInstance &instance, const Layout &layout) {
+    if (layout.base) {
+        layout.base->show(record, instance);  // starts the instance afresh itself
+    } else {
+        instance = ObjectInstance();
+    }
+    for (const FieldSpec &field : layout.fields) {
+        if (!IsShown(field)) continue;
+        const int type = field.options.parameterType >= 0 ? field.options.parameterType : field.ops->parameterType;
+        ShowParameter(instance, ParameterName(field), field.options.description, type,
+                      field.options.shownValue ? std::string(field.options.shownValue)
+                                               : field.ops->text(At(record, field.offset)));
+    }
+}
+
+void ReadBackRecord(void *record, const ObjectInstance &instance, const Layout &layout) {
+    if (layout.base) layout.base->readBack(record, instance);
+    for (const FieldSpec &field : layout.fields) {
+        if (!IsShown(field) || !field.options.readBack) continue;
+        const auto *parameters = ParametersToRead(instance);
+        if (!parameters) return;
+        field.ops->readBack(At(record, field.offset), *parameters, ParameterName(field));
+    }
+}
+
+bool EqualRecords(const void *a, const void *b, const Layout &layout) {
+    if (layout.base && !layout.base->equal(a, b)) return false;
+    for (const FieldSpec &field : layout.fields) {
+        if (field.options.compared && !field.ops->equal(At(a, field.offset), At(b, field.offset))) return false;
+    }
+    return true;
+}
+
+void DescribeRecord(RecordDescription &description, const Layout &layout, const void *defaults) {
+    description.elementName = layout.elementName;
+    description.fileType = layout.fileType;
+    if (layout.base) {
+        const RecordDescription &base = layout.base->describe();
+        description.baseName = base.elementName;
+        description.fields = base.fields;
+    }
+    for (const FieldSpec &spec : layout.fields) {
+        // Only attributes become Parameters; lists and child records never do.
+        const bool shown = IsShown(spec);
+        FieldDescription &field = description.fields.emplace_back();
+        field.key = spec.key;
+        field.kind = spec.kind;
+        field.valueType = spec.ops->valueType;
+        field.memberType = spec.ops->memberType();
+        field.defaultValue = spec.ops->defaultText(At(defaults, spec.offset));
+        field.parameterName = shown ? ParameterName(spec) : nullptr;
+        field.parameterType =
+            shown ? (spec.options.parameterType >= 0 ? spec.options.parameterType : spec.ops->parameterType) : -1;
+        field.parameterDescription = shown ? spec.options.description : "";
+        field.shownValue = shown ? spec.options.shownValue : nullptr;
+        field.readBack = shown && spec.options.readBack;
+        field.compared = spec.options.compared;
+        field.wrapperAlways = spec.options.wrapperAlways;
+        field.readAsLong = spec.options.readAsLong || spec.kind == Kind::EnumAttribute;
+        field.item = spec.ops->item;
+    }
 }
 
 void ReadDocument(const std::string &xml, void (*fill)(void *record, const XMLNode &node), void *record) {
@@ -89,28 +194,6 @@ std::string ShortTypeName(std::string_view prettyFunction) {
     const std::size_t scope = name.rfind("::");
     if (scope != std::string_view::npos) name.remove_prefix(scope + 2);
     return std::string(name);
-}
-
-void AddField(RecordDescription &description, const char *key, Kind kind, ValueType valueType,
-              std::string memberType, std::string defaultValue, const FieldOptions &options,
-              int parameterType, const RecordDescription &(*item)()) {
-    // Only attributes become Parameters; lists and child records never do.
-    const bool shown = options.parameter && parameterType >= 0;
-    FieldDescription &field = description.fields.emplace_back();
-    field.key = key;
-    field.kind = kind;
-    field.valueType = valueType;
-    field.memberType = std::move(memberType);
-    field.defaultValue = std::move(defaultValue);
-    field.parameterName = shown ? (options.parameterName ? options.parameterName : key) : nullptr;
-    field.parameterType = shown ? (options.parameterType >= 0 ? options.parameterType : parameterType) : -1;
-    field.parameterDescription = shown ? options.description : "";
-    field.shownValue = shown ? options.shownValue : nullptr;
-    field.readBack = shown && options.readBack;
-    field.compared = options.compared;
-    field.wrapperAlways = options.wrapperAlways;
-    field.readAsLong = options.readAsLong || kind == Kind::EnumAttribute;
-    field.item = item;
 }
 
 std::string ListDefaultText(std::size_t items) {

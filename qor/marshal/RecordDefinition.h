@@ -56,7 +56,6 @@
 // is made from the same table, so tools and tests see exactly what the record does.
 #pragma once
 
-#include <charconv>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -201,7 +200,7 @@ constexpr FileType fileType(const char *name) { return FileType{name}; }
 
 }  // namespace dsl
 
-// ---- the non-template helpers every record shares (RecordDefinition.cpp)
+// ---- what every record shares, out of line (RecordDefinition.cpp)
 
 // Text of a number in an attribute: what a default output stream writes.
 std::string AttributeText(bool value);
@@ -214,22 +213,18 @@ void AppendValueItem(XMLNode &wrapper, std::string text);
 // The attribute Value of an item, or "" when it has none.
 const std::string &ValueOfItem(const XMLNode &item);
 
-// ToObjectInstance: appends a Parameter to the category "Properties",
-// adding the category at the end when it isn't there.
-void ShowParameter(ObjectInstanceXMLMarshaller::ObjectInstance &instance, const char *name,
-                   const char *description, int type, std::string value);
-// FromObjectInstance: the parameters to read from, those of the first
-// category with an empty name, else of the first category; null when the
-// instance has no category.
-const std::vector<ObjectInstanceXMLMarshaller::Parameter> *ParametersToRead(
-    const ObjectInstanceXMLMarshaller::ObjectInstance &instance);
-
 // Reads a document and hands its root's first child to fill; a root with no
 // child leaves the record as it is. Throws what XMLReader throws.
 void ReadDocument(const std::string &xml, void (*fill)(void *record, const XMLNode &node), void *record);
 // Writes a document of fileType holding one child filled by fill.
 std::string WriteDocument(const char *fileType, void (*fill)(XMLNode &node, const void *record),
                           const void *record);
+
+// The name, without namespace or enclosing class, of the type T in the
+// __PRETTY_FUNCTION__ of PrettyFunctionOf<T> (g++ and clang spell it alike).
+std::string ShortTypeName(std::string_view prettyFunction);
+// The default text of a list: empty, or how many items it holds.
+std::string ListDefaultText(std::size_t items);
 
 template <class T>
 std::string NumberAttributeText(const T &value) {
@@ -248,202 +243,6 @@ constexpr int ParameterTypeOf() {
     else if constexpr (std::is_floating_point_v<T>) return PARAMETER_TYPE_FLOAT;
     else return PARAMETER_TYPE_INTEGER;  // integers and enumerations
 }
-
-// ---- one step per kind of field
-
-template <class R, class F>
-void WriteField(XMLNode &node, const R &record, const F &field) {
-    constexpr Kind kind = F::kind;
-    const auto &value = record.*field.member;
-    if constexpr (kind == Kind::StringAttribute) {
-        if (!value.empty()) node.attributes.insert_or_assign(field.key, value);
-    } else if constexpr (kind == Kind::NumberAttribute) {
-        node.attributes.insert_or_assign(field.key, NumberAttributeText(value));
-    } else if constexpr (kind == Kind::EnumAttribute) {
-        node.attributes.insert_or_assign(field.key, AttributeText(static_cast<long long>(value)));
-    } else if constexpr (kind == Kind::ValueList || kind == Kind::RecordList) {
-        if (value.empty() && !field.options.wrapperAlways) return;
-        XMLNode &wrapper = node.children.emplace_back();
-        wrapper.name = field.key;
-        for (const auto &item : value) {
-            if constexpr (kind == Kind::RecordList) {
-                using Item = typename F::Type::value_type;
-                Item::CreateXMLNode(wrapper.children.emplace_back(), item);
-            } else {
-                AppendValueItem(wrapper, Convert<std::string>(item));
-            }
-        }
-    } else {
-        using Child = typename F::Type;
-        Child::CreateXMLNode(node.children.emplace_back(), value);
-    }
-}
-
-template <class R, class B>
-void WriteField(XMLNode &node, const R &record, BaseFields<B>) {
-    B::CreateXMLNode(node, static_cast<const B &>(record));
-    node.name = R::ElementName;
-}
-
-template <class R>
-void WriteField(XMLNode &, const R &, FileType) {}
-
-template <class R, class F>
-void ReadField(R &record, const XMLNode &node, const F &field) {
-    constexpr Kind kind = F::kind;
-    using T = typename F::Type;
-    auto &value = record.*field.member;
-    if constexpr (kind == Kind::StringAttribute) {
-        __xml_marshaller_get_attribute__(node, field.key, value);
-    } else if constexpr (kind == Kind::NumberAttribute || kind == Kind::EnumAttribute) {
-        const auto found = node.attributes.find(field.key);
-        if (found == node.attributes.end()) return;
-        if (kind == Kind::EnumAttribute || field.options.readAsLong) {
-            value = static_cast<T>(convert::TextToLong(found->second));
-        } else {
-            value = Convert<T>(found->second);
-        }
-    } else if constexpr (kind == Kind::ValueList || kind == Kind::RecordList) {
-        using Item = typename T::value_type;
-        for (const XMLNode &wrapper : node.children) {
-            if (wrapper.name != field.key) continue;
-            for (const XMLNode &item : wrapper.children) {
-                if constexpr (kind == Kind::RecordList) {
-                    value.emplace_back(item);
-                } else {
-                    value.push_back(Convert<Item>(ValueOfItem(item)));
-                }
-            }
-        }
-    } else {
-        for (const XMLNode &child : node.children) {
-            if (child.name == T::ElementName) value = T(child);
-        }
-    }
-}
-
-template <class R, class B>
-void ReadField(R &record, const XMLNode &node, BaseFields<B>) {
-    B::CreateXMLMarshaller(record, node);
-}
-
-template <class R>
-void ReadField(R &, const XMLNode &, FileType) {}
-
-template <class R, class F>
-void ShowField(const R &record, ObjectInstanceXMLMarshaller::ObjectInstance &instance, const F &field) {
-    if constexpr (F::kind != Kind::ValueList && F::kind != Kind::RecordList && F::kind != Kind::ChildRecord) {
-        if (!field.options.parameter) return;
-        using T = typename F::Type;
-        const int type = field.options.parameterType >= 0 ? field.options.parameterType : ParameterTypeOf<T>();
-        ShowParameter(instance, field.ParameterName(), field.options.description, type,
-                      field.options.shownValue ? std::string(field.options.shownValue)
-                                               : Convert<std::string>(record.*field.member));
-    }
-}
-
-template <class R, class B>
-void ShowField(const R &record, ObjectInstanceXMLMarshaller::ObjectInstance &instance, BaseFields<B>) {
-    record.B::ToObjectInstance(instance);
-}
-
-template <class R>
-void ShowField(const R &, ObjectInstanceXMLMarshaller::ObjectInstance &, FileType) {}
-
-template <class R, class F>
-void ReadBackField(R &record, const ObjectInstanceXMLMarshaller::ObjectInstance &instance, const F &field) {
-    if constexpr (F::kind != Kind::ValueList && F::kind != Kind::RecordList && F::kind != Kind::ChildRecord) {
-        if (!field.options.parameter || !field.options.readBack) return;
-        const auto *parameters = ParametersToRead(instance);
-        if (!parameters) return;
-        using ObjectInstanceXMLMarshaller::Parameter;
-        using T = typename F::Type;
-        auto &value = record.*field.member;
-        const std::string name = field.ParameterName();
-        if constexpr (std::is_same_v<T, std::string>) {
-            Parameter::GetParameterString(*parameters, name, value);
-        } else if constexpr (std::is_same_v<T, bool>) {
-            Parameter::GetParameterBool(*parameters, name, value);
-        } else if constexpr (std::is_floating_point_v<T>) {
-            double read = 0;
-            if (Parameter::GetParameterFloat(*parameters, name, read)) value = static_cast<T>(read);
-        } else if constexpr (std::is_enum_v<T> || std::is_signed_v<T>) {
-            long read = 0;
-            if (Parameter::GetParameterInt(*parameters, name, read)) value = static_cast<T>(read);
-        } else {
-            unsigned long read = 0;
-            if (Parameter::GetParameterInt(*parameters, name, read)) value = static_cast<T>(read);
-        }
-    }
-}
-
-template <class R, class B>
-void ReadBackField(R &record, const ObjectInstanceXMLMarshaller::ObjectInstance &instance, BaseFields<B>) {
-    record.B::FromObjectInstance(instance);
-}
-
-template <class R>
-void ReadBackField(R &, const ObjectInstanceXMLMarshaller::ObjectInstance &, FileType) {}
-
-template <class R, class F>
-bool FieldEqual(const R &a, const R &b, const F &field) {
-    return !field.options.compared || a.*field.member == b.*field.member;
-}
-
-template <class R, class B>
-bool FieldEqual(const R &a, const R &b, BaseFields<B>) {
-    return static_cast<const B &>(a) == static_cast<const B &>(b);
-}
-
-template <class R>
-bool FieldEqual(const R &, const R &, FileType) {
-    return true;
-}
-
-// Table checks made while compiling: a child's key is its class's element
-// name (it is found and written by that name), and a base comes first.
-template <class E>
-constexpr bool EntryIsWellFormed(const E &entry, std::size_t index) {
-    if constexpr (requires { E::kind; }) {
-        if constexpr (E::kind == Kind::ChildRecord) {
-            return std::string_view(entry.key) == std::string_view(E::Type::ElementName);
-        }
-        return true;
-    } else if constexpr (requires { typename E::Base; }) {
-        return index == 0;
-    } else {
-        return true;
-    }
-}
-
-template <class Table>
-constexpr bool TableIsWellFormed(const Table &table) {
-    return std::apply(
-        [](const auto &...entry) {
-            std::size_t index = 0;
-            return (EntryIsWellFormed(entry, index++) && ... && true);
-        },
-        table);
-}
-
-// ---- the table as written: entries and shared shape tables, flattened
-
-template <class E>
-constexpr auto AsEntries(const E &entry) {
-    if constexpr (IsTuple<E>) return entry;
-    else return std::tuple<E>{entry};
-}
-
-template <class... E>
-constexpr auto Table(const E &...entries) {
-    return std::tuple_cat(AsEntries(entries)...);
-}
-
-// ---- the record's description, from its table
-
-// The name, without namespace or enclosing class, of the type T in the
-// __PRETTY_FUNCTION__ of PrettyFunctionOf<T> (g++ and clang spell it alike).
-std::string ShortTypeName(std::string_view prettyFunction);
 
 template <class T>
 const char *PrettyFunctionOf() {
@@ -484,68 +283,306 @@ constexpr ValueType ValueTypeOf() {
     else return ValueType::Integer;
 }
 
-// Appends a field to a description; parameterType is the member type's own.
-void AddField(RecordDescription &description, const char *key, Kind kind, ValueType valueType,
-              std::string memberType, std::string defaultValue, const FieldOptions &options,
-              int parameterType, const RecordDescription &(*item)());
-// The default text of a list: empty, or how many items it holds.
-std::string ListDefaultText(std::size_t items);
+// ---- one member type in one kind of field
+//
+// The generic code works on a field through its address and the operations
+// of its member type and kind. They are made once per type and kind, and
+// shared by every field and record of that type, so a record's source
+// instantiates little more than its table: compile time grows with the
+// number of distinct member types, not with the number of fields.
 
-template <class R, class F>
-void DescribeField(RecordDescription &description, const R &defaults, const F &field) {
-    using T = typename F::Type;
-    const T &value = defaults.*field.member;
-    constexpr Kind kind = F::kind;
-    if constexpr (kind == Kind::ValueList || kind == Kind::RecordList) {
-        using Item = typename T::value_type;
-        const RecordDescription &(*item)() = nullptr;
-        if constexpr (kind == Kind::RecordList) item = &Item::GetRecordDescription;
-        AddField(description, field.key, kind, ValueTypeOf<Item>(), MemberTypeName<T>(), ListDefaultText(value.size()),
-                 field.options, -1, item);
-    } else if constexpr (kind == Kind::ChildRecord) {
-        AddField(description, field.key, kind, ValueType::Record, MemberTypeName<T>(), std::string(), field.options,
-                 -1, &T::GetRecordDescription);
-    } else {
-        std::string text;
-        if constexpr (kind == Kind::StringAttribute) text = value;
-        else if constexpr (kind == Kind::EnumAttribute) text = AttributeText(static_cast<long long>(value));
-        else text = NumberAttributeText(value);
-        AddField(description, field.key, kind, ValueTypeOf<T>(), MemberTypeName<T>(), std::move(text), field.options,
-                 ParameterTypeOf<T>(), nullptr);
+using DescribeFunction = const RecordDescription &(*)();
+
+template <class T, bool IsList>
+struct ItemOf {
+    using Type = T;
+};
+template <class T>
+struct ItemOf<T, true> {
+    using Type = typename T::value_type;
+};
+
+struct FieldOps {
+    ValueType valueType;  // of the member, or of a list's items
+    int parameterType;    // of the member's type; -1: never a Parameter (lists, child records)
+    std::string (*memberType)();
+    DescribeFunction item;  // record lists and child records: the item's type
+    std::string (*defaultText)(const void *value);
+    void (*write)(XMLNode &node, const char *key, const FieldOptions &options, const void *value);
+    void (*read)(void *value, const XMLNode &node, const char *key, const FieldOptions &options);
+    std::string (*text)(const void *value);  // the Parameter's value
+    void (*readBack)(void *value, const std::vector<ObjectInstanceXMLMarshaller::Parameter> &parameters,
+                     const std::string &name);
+    bool (*equal)(const void *a, const void *b);
+};
+
+template <class T, Kind K>
+struct FieldCode {
+    static constexpr bool IsList = K == Kind::ValueList || K == Kind::RecordList;
+    static constexpr bool IsAttribute = !IsList && K != Kind::ChildRecord;
+
+    static const T &Of(const void *value) { return *static_cast<const T *>(value); }
+    static T &Of(void *value) { return *static_cast<T *>(value); }
+
+    static void Write(XMLNode &node, const char *key, const FieldOptions &options, const void *field) {
+        const T &value = Of(field);
+        if constexpr (K == Kind::StringAttribute) {
+            if (!value.empty()) node.attributes.insert_or_assign(key, value);
+        } else if constexpr (K == Kind::NumberAttribute) {
+            node.attributes.insert_or_assign(key, NumberAttributeText(value));
+        } else if constexpr (K == Kind::EnumAttribute) {
+            node.attributes.insert_or_assign(key, AttributeText(static_cast<long long>(value)));
+        } else if constexpr (IsList) {
+            if (value.empty() && !options.wrapperAlways) return;
+            XMLNode &wrapper = node.children.emplace_back();
+            wrapper.name = key;
+            for (const auto &item : value) {
+                if constexpr (K == Kind::RecordList) {
+                    T::value_type::CreateXMLNode(wrapper.children.emplace_back(), item);
+                } else {
+                    AppendValueItem(wrapper, Convert<std::string>(item));
+                }
+            }
+        } else {
+            T::CreateXMLNode(node.children.emplace_back(), value);
+        }
     }
+
+    static void Read(void *field, const XMLNode &node, const char *key, const FieldOptions &options) {
+        T &value = Of(field);
+        if constexpr (K == Kind::StringAttribute) {
+            const auto found = node.attributes.find(key);
+            if (found != node.attributes.end()) value = found->second;
+        } else if constexpr (K == Kind::NumberAttribute || K == Kind::EnumAttribute) {
+            const auto found = node.attributes.find(key);
+            if (found == node.attributes.end()) return;
+            if (K == Kind::EnumAttribute || options.readAsLong) {
+                value = static_cast<T>(convert::TextToLong(found->second));
+            } else {
+                value = Convert<T>(found->second);
+            }
+        } else if constexpr (IsList) {
+            using Item = typename T::value_type;
+            for (const XMLNode &wrapper : node.children) {
+                if (wrapper.name != key) continue;
+                for (const XMLNode &item : wrapper.children) {
+                    if constexpr (K == Kind::RecordList) {
+                        value.emplace_back(item);
+                    } else {
+                        value.push_back(Convert<Item>(ValueOfItem(item)));
+                    }
+                }
+            }
+        } else {
+            for (const XMLNode &child : node.children) {
+                if (child.name == T::ElementName) value = T(child);
+            }
+        }
+    }
+
+    static std::string Text(const void *field) {
+        if constexpr (IsAttribute) return Convert<std::string>(Of(field));
+        else return std::string();
+    }
+
+    static void ReadBack(void *field, const std::vector<ObjectInstanceXMLMarshaller::Parameter> &parameters,
+                         const std::string &name) {
+        using ObjectInstanceXMLMarshaller::Parameter;
+        T &value = Of(field);
+        if constexpr (std::is_same_v<T, std::string>) {
+            Parameter::GetParameterString(parameters, name, value);
+        } else if constexpr (std::is_same_v<T, bool>) {
+            Parameter::GetParameterBool(parameters, name, value);
+        } else if constexpr (std::is_floating_point_v<T>) {
+            double read = 0;
+            if (Parameter::GetParameterFloat(parameters, name, read)) value = static_cast<T>(read);
+        } else if constexpr (std::is_enum_v<T> || std::is_signed_v<T>) {
+            long read = 0;
+            if (Parameter::GetParameterInt(parameters, name, read)) value = static_cast<T>(read);
+        } else {
+            unsigned long read = 0;
+            if (Parameter::GetParameterInt(parameters, name, read)) value = static_cast<T>(read);
+        }
+    }
+
+    static std::string DefaultText(const void *field) {
+        const T &value = Of(field);
+        if constexpr (K == Kind::StringAttribute) return value;
+        else if constexpr (K == Kind::NumberAttribute) return NumberAttributeText(value);
+        else if constexpr (K == Kind::EnumAttribute) return AttributeText(static_cast<long long>(value));
+        else if constexpr (IsList) return ListDefaultText(value.size());
+        else return std::string();
+    }
+
+    static bool Equal(const void *a, const void *b) { return Of(a) == Of(b); }
+
+    // Only attributes are read back; naming ReadBack elsewhere would
+    // instantiate it for lists and records, which have no Parameter.
+    static constexpr auto ReadBackFunction() {
+        if constexpr (IsAttribute) return &ReadBack;
+        else return decltype(&ReadBack){nullptr};
+    }
+
+    static constexpr DescribeFunction Item() {
+        if constexpr (K == Kind::RecordList) return &T::value_type::GetRecordDescription;
+        else if constexpr (K == Kind::ChildRecord) return &T::GetRecordDescription;
+        else return nullptr;
+    }
+
+    static constexpr FieldOps ops{
+        ValueTypeOf<typename ItemOf<T, IsList>::Type>(),
+        IsAttribute ? ParameterTypeOf<T>() : -1,
+        &MemberTypeName<T>,
+        Item(),
+        &DefaultText,
+        &Write,
+        &Read,
+        &Text,
+        ReadBackFunction(),
+        &Equal,
+    };
+};
+
+// One field of a record's table, ready to run: the member is found at
+// offset from the record's address.
+struct FieldSpec {
+    Kind kind;
+    const char *key;
+    FieldOptions options;
+    std::ptrdiff_t offset;
+    const FieldOps *ops;
+};
+
+// The part of a record that a base record holds, run by the base's own code
+// on the record seen as that base.
+struct BaseSpec {
+    void (*write)(XMLNode &node, const void *record);
+    void (*read)(void *record, const XMLNode &node);
+    void (*show)(const void *record, ObjectInstanceXMLMarshaller::ObjectInstance &instance);
+    void (*readBack)(void *record, const ObjectInstanceXMLMarshaller::ObjectInstance &instance);
+    bool (*equal)(const void *a, const void *b);
+    const RecordDescription &(*describe)();
+};
+
+template <class R, class B>
+struct BaseCode {
+    static const R &Of(const void *record) { return *static_cast<const R *>(record); }
+    static R &Of(void *record) { return *static_cast<R *>(record); }
+    static constexpr BaseSpec spec{
+        [](XMLNode &node, const void *record) { B::CreateXMLNode(node, Of(record)); },
+        [](void *record, const XMLNode &node) { B::CreateXMLMarshaller(Of(record), node); },
+        [](const void *record, ObjectInstanceXMLMarshaller::ObjectInstance &instance) {
+            Of(record).B::ToObjectInstance(instance);
+        },
+        [](void *record, const ObjectInstanceXMLMarshaller::ObjectInstance &instance) {
+            Of(record).B::FromObjectInstance(instance);
+        },
+        [](const void *a, const void *b) { return static_cast<const B &>(Of(a)) == static_cast<const B &>(Of(b)); },
+        &B::GetRecordDescription,
+    };
+};
+
+// A record's table, ready to run.
+struct Layout {
+    const char *elementName = nullptr;
+    const char *fileType = "MetaData";
+    const BaseSpec *base = nullptr;
+    std::vector<FieldSpec> fields;
+};
+
+template <class R, class R2, class T, Kind K>
+void AddEntry(Layout &layout, const R &defaults, const Field<R2, T, K> &field) {
+    const auto *record = reinterpret_cast<const char *>(std::addressof(defaults));
+    const auto *member = reinterpret_cast<const char *>(std::addressof(defaults.*field.member));
+    layout.fields.push_back(FieldSpec{K, field.key, field.options, member - record, &FieldCode<T, K>::ops});
 }
 
 template <class R, class B>
-void DescribeField(RecordDescription &description, const R &, BaseFields<B>) {
-    const RecordDescription &base = B::GetRecordDescription();
-    description.baseName = base.elementName;
-    description.fields.insert(description.fields.end(), base.fields.begin(), base.fields.end());
+void AddEntry(Layout &layout, const R &, BaseFields<B>) {
+    layout.base = &BaseCode<R, B>::spec;
 }
 
 template <class R>
-void DescribeField(RecordDescription &description, const R &, FileType entry) {
-    description.fileType = entry.name;
+void AddEntry(Layout &layout, const R &, FileType entry) {
+    layout.fileType = entry.name;
+}
+
+// Every step of the frame, on a record's address and its layout.
+void WriteRecord(XMLNode &node, const Layout &layout, const void *record);
+void ReadRecord(void *record, const XMLNode &node, const Layout &layout);
+void ShowRecord(const void *record, ObjectInstanceXMLMarshaller::ObjectInstance &instance, const Layout &layout);
+void ReadBackRecord(void *record, const ObjectInstanceXMLMarshaller::ObjectInstance &instance, const Layout &layout);
+bool EqualRecords(const void *a, const void *b, const Layout &layout);
+// The description's fields, element and file type; defaults is a default record.
+void DescribeRecord(RecordDescription &description, const Layout &layout, const void *defaults);
+
+// Table checks made while compiling: a child's key is its class's element
+// name (it is found and written by that name), and a base comes first.
+template <class E>
+constexpr bool EntryIsWellFormed(const E &entry, std::size_t index) {
+    if constexpr (requires { E::kind; }) {
+        if constexpr (E::kind == Kind::ChildRecord) {
+            return std::string_view(entry.key) == std::string_view(E::Type::ElementName);
+        }
+        return true;
+    } else if constexpr (requires { typename E::Base; }) {
+        return index == 0;
+    } else {
+        return true;
+    }
+}
+
+template <class Table>
+constexpr bool TableIsWellFormed(const Table &table) {
+    return std::apply(
+        [](const auto &...entry) {
+            std::size_t index = 0;
+            return (EntryIsWellFormed(entry, index++) && ... && true);
+        },
+        table);
+}
+
+// ---- the table as written: entries and shared shape tables, flattened
+
+template <class E>
+constexpr auto AsEntries(const E &entry) {
+    if constexpr (IsTuple<E>) return entry;
+    else return std::tuple<E>{entry};
+}
+
+template <class... E>
+constexpr auto Table(const E &...entries) {
+    return std::tuple_cat(AsEntries(entries)...);
 }
 
 // ---- the record's members, from its table
 
 template <class R>
 struct Code {
-    static const auto &Table() { return R::FieldTable(); }
+    static const void *Address(const R &record) { return std::addressof(record); }
+    static void *Address(R &record) { return std::addressof(record); }
+
+    static const Layout &GetLayout() {
+        static const Layout layout = [] {
+            Layout made;
+            made.elementName = R::ElementName;
+            const R defaults;
+            std::apply([&](const auto &...entry) { (AddEntry(made, defaults, entry), ...); }, R::FieldTable());
+            return made;
+        }();
+        return layout;
+    }
 
     static void CreateXMLNode(XMLNode &node, const R &record) {
         XMLMarshaller::XMLMarshallableObject::CreateXMLNode(node, record);
-        node.name = R::ElementName;
-        std::apply([&](const auto &...field) { (WriteField(node, record, field), ...); }, Table());
+        WriteRecord(node, GetLayout(), Address(record));
     }
 
-    static void CreateXMLMarshaller(R &record, const XMLNode &node) {
-        std::apply([&](const auto &...field) { (ReadField(record, node, field), ...); }, Table());
-    }
+    static void CreateXMLMarshaller(R &record, const XMLNode &node) { ReadRecord(Address(record), node, GetLayout()); }
 
     static std::string ToXMLString(const R &record) {
         return WriteDocument(
-            R::GetRecordDescription().fileType,
+            GetLayout().fileType,
             [](XMLNode &node, const void *r) { R::CreateXMLNode(node, *static_cast<const R *>(r)); }, &record);
     }
 
@@ -556,33 +593,28 @@ struct Code {
     }
 
     static void ToObjectInstance(const R &record, ObjectInstanceXMLMarshaller::ObjectInstance &instance) {
-        instance = ObjectInstanceXMLMarshaller::ObjectInstance();
-        std::apply([&](const auto &...field) { (ShowField(record, instance, field), ...); }, Table());
+        ShowRecord(Address(record), instance, GetLayout());
     }
 
     static void FromObjectInstance(R &record, const ObjectInstanceXMLMarshaller::ObjectInstance &instance) {
-        std::apply([&](const auto &...field) { (ReadBackField(record, instance, field), ...); }, Table());
+        ReadBackRecord(Address(record), instance, GetLayout());
     }
 
-    static bool Equal(const R &a, const R &b) {
-        return std::apply([&](const auto &...field) { return (FieldEqual(a, b, field) && ...); }, Table());
-    }
+    static bool Equal(const R &a, const R &b) { return EqualRecords(Address(a), Address(b), GetLayout()); }
 
     static const RecordDescription &Describe(bool handWrittenObjectInstance) {
         using Object = XMLMarshaller::XMLMarshallableObject;
         using ObjectInstanceXMLMarshaller::ObjectInstance;
         static const RecordDescription description = [&] {
             RecordDescription made{};
-            made.elementName = R::ElementName;
-            made.fileType = "MetaData";
             made.handWrittenObjectInstance = handWrittenObjectInstance;
             const R defaults;
-            std::apply([&](const auto &...entry) { (DescribeField(made, defaults, entry), ...); }, Table());
-            made.make = []() -> RecordDescription::Record { return std::make_shared<R>(); };
-            made.fromNode = [](const XMLNode &node) -> RecordDescription::Record { return std::make_shared<R>(node); };
-            made.fromDocument = [](const std::string &xml) -> RecordDescription::Record {
-                return std::make_shared<R>(xml);
-            };
+            DescribeRecord(made, GetLayout(), Address(defaults));
+            // Through Clone, so the record's source makes one kind of shared
+            // record, not one per constructor.
+            made.make = [] { return R().Clone(); };
+            made.fromNode = [](const XMLNode &node) { return R(node).Clone(); };
+            made.fromDocument = [](const std::string &xml) { return R(xml).Clone(); };
             made.toObjectInstance = [](const Object &record, ObjectInstance &instance) {
                 dynamic_cast<const R &>(record).ToObjectInstance(instance);
             };

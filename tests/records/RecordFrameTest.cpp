@@ -13,7 +13,6 @@ using ObjectInstanceXMLMarshaller::ObjectInstance;
 using ObjectInstanceXMLMarshaller::Parameter;
 using marshal_test::ParameterRow;
 using marshal_test::RecordText;
-using SampleRecords::Item;
 using SampleRecords::Sample;
 
 namespace {
@@ -102,51 +101,6 @@ TEST(ProtocolPausedObjectInstance, ReadsTheFirstUnnamedCategoryElseTheFirst) {
 
 // ---- every kind of field, through the sample records
 
-TEST(SampleRecord, DefaultsWriteNumbersNonEmptyStringsAndForcedWrappers) {
-    EXPECT_EQ(RecordText(Sample().ToXMLString()),
-              "\t<Sample Capacity='0' Colour='7' Flag='1' Real='0.5' Shown='shown' Signed='-1' Stamp='7' "
-              "Text='default text' Unsigned='7' >\n"
-              "\t\t<Numbers />\n"
-              "\t\t<Item Count='0' />\n"
-              "\t</Sample>");
-    EXPECT_EQ(RecordText(SampleRecords::Ping().ToXMLString()), "\t<Ping />");
-    EXPECT_NE(SampleRecords::Ping().ToXMLString().find("<Brindlemar file='Query' "), std::string::npos);
-}
-
-TEST(SampleRecord, ListsAndChildrenAreWrittenInTableOrder) {
-    Sample sample;
-    sample.Names = {"a", "", "c'd"};
-    sample.Numbers = {3, -4};
-    sample.Items.resize(2);
-    sample.Items[0].Label = "first";
-    sample.Items[1].Count = 2;
-    sample.Single.Label = "only";
-    EXPECT_EQ(RecordText(sample.ToXMLString()),
-              "\t<Sample Capacity='0' Colour='7' Flag='1' Real='0.5' Shown='shown' Signed='-1' Stamp='7' "
-              "Text='default text' Unsigned='7' >\n"
-              "\t\t<Names >\n"
-              "\t\t\t<Value Value='a' />\n"
-              "\t\t\t<Value Value='' />\n"
-              "\t\t\t<Value Value='c&apos;d' />\n"
-              "\t\t</Names>\n"
-              "\t\t<Numbers >\n"
-              "\t\t\t<Value Value='3' />\n"
-              "\t\t\t<Value Value='-4' />\n"
-              "\t\t</Numbers>\n"
-              "\t\t<Items >\n"
-              "\t\t\t<Item Count='0' Label='first' />\n"
-              "\t\t\t<Item Count='2' />\n"
-              "\t\t</Items>\n"
-              "\t\t<Item Count='0' Label='only' />\n"
-              "\t</Sample>");
-    Sample back(sample.ToXMLString());
-    EXPECT_TRUE(back == sample);
-    back.Secret = "differs";  // not compared
-    EXPECT_TRUE(back == sample);
-    back.Numbers.pop_back();
-    EXPECT_FALSE(back == sample);
-}
-
 TEST(SampleRecord, DoublesGoOutWithSixDigitsAndComeBackSo) {
     struct Case {
         double value;
@@ -185,35 +139,6 @@ TEST(SampleRecord, ListsAppendAndChildrenTakeTheLast) {
     EXPECT_EQ(sample.Capacity, 12.0);  // read as a long: the fraction is lost
     EXPECT_EQ(sample.Colour, SampleRecords::HUE_RED);
     EXPECT_EQ(sample.Unsigned, 4294967295u);
-}
-
-TEST(SampleRecord, ObjectInstanceFollowsTheTableMarks) {
-    Sample sample;
-    sample.Names = {"not a parameter"};
-    ObjectInstance instance;
-    sample.ToObjectInstance(instance);
-    const std::vector<ParameterRow> expected = {
-        {"Properties", "Text", 1, "default text", ""},
-        {"Properties", "Signed number", 8, "-1", ""},
-        {"Properties", "Unsigned", 8, "7", ""},
-        {"Properties", "Real", 12, "0.5", ""},
-        {"Properties", "Flag", 0, "1", ""},
-        {"Properties", "Colour", 8, "7", ""},
-        {"Properties", "Capacity", 12, "0", ""},
-        {"Properties", "Shown", 1, "shown", "shown only"},
-        {"Properties", "WellText", 7, "", ""},
-        {"Properties", "Stamp", 1, "1.0", ""},
-    };
-    EXPECT_EQ(marshal_test::Rows(instance), expected);
-
-    for (auto &parameter : instance.BaseObjectDescription.Categories[0].Parameters) parameter.Value = "0";
-    Sample back;
-    back.FromObjectInstance(instance);
-    EXPECT_EQ(back.Shown, "shown");  // shown only: never read back
-    EXPECT_EQ(back.Text, "0");
-    EXPECT_EQ(back.Signed, 0);
-    EXPECT_FALSE(back.Flag);
-    EXPECT_EQ(back.Colour, SampleRecords::HUE_RED);
 }
 
 TEST(SampleRecord, HandWrittenPropertyBagBesideTheGeneratedFrame) {
