@@ -44,7 +44,8 @@ TEST(Geometry, BaseWellsOnCornersAndEdges) {
     };
     for (const Row &row : table) {
         Well base(-5, -5);
-        EXPECT_EQ(PipetteHeadMode::GetBaseSelectionWell(row.mode, row.wells, Well(row.row, row.column), base), row.found)
+        EXPECT_EQ(PipetteHeadMode::GetBaseSelectionWell(row.mode, row.wells, Well(row.row, row.column), base),
+                  row.found)
             << row.what;
         if (row.found) {
             EXPECT_EQ(base, Well(row.baseRow, row.baseColumn)) << row.what;

@@ -36,7 +36,8 @@ TEST(PlateMap, SelectionsHeadsAndTheirPlates) {
     EXPECT_EQ(whole.offPlate, 1);
 
     const PlateMap head = qor::pipette::MapHeadMode(Mode(CHANNELS_96, 8, 1), 384);
-    EXPECT_EQ(Census(head), (std::map<WellMark, int>{{WellMark::Empty, 376}, {WellMark::Selected, 1}, {WellMark::Reached, 7}}));
+    EXPECT_EQ(Census(head),
+              (std::map<WellMark, int>{{WellMark::Empty, 376}, {WellMark::Selected, 1}, {WellMark::Reached, 7}}));
     EXPECT_EQ(head.At(14, 0), WellMark::Reached);
 
     struct Row {
@@ -49,7 +50,8 @@ TEST(PlateMap, SelectionsHeadsAndTheirPlates) {
         {Mode(CHANNELS_384, 16, 24), {}, 384},              {Mode(CHANNELS_32, 32, 1), {}, 1536},
         {Mode(WellSelectionChannelsType(42), 8, 12), {}, 96}, {Mode(CHANNELS_96, 1, 1), Wells({{40, 70}}), 3456},
     };
-    for (const Row &row : plates) EXPECT_EQ(qor::pipette::PlateForHead(row.mode, row.wells), row.plate) << Text(row.wells);
+    for (const Row &row : plates)
+        EXPECT_EQ(qor::pipette::PlateForHead(row.mode, row.wells), row.plate) << Text(row.wells);
     EXPECT_EQ(qor::pipette::RowLabel(0), "A");
     EXPECT_EQ(qor::pipette::RowLabel(31), "AF");
     EXPECT_EQ(qor::pipette::RowLabel(47), "AV");
@@ -112,7 +114,8 @@ TEST(PlateMap, EveryRecordThatHoldsPlatesTitlesThem) {
     std::vector<PlateMap> maps;
     std::string error;
     ASSERT_TRUE(qor::pipette::MapRecord(box.ToXMLNode(), 0, maps, error));
-    EXPECT_EQ(Census(maps[0]), (std::map<WellMark, int>{{WellMark::Empty, 94}, {WellMark::TipState2, 1}, {WellMark::TipState3, 1}}));
+    EXPECT_EQ(Census(maps[0]),
+              (std::map<WellMark, int>{{WellMark::Empty, 94}, {WellMark::TipState2, 1}, {WellMark::TipState3, 1}}));
     EXPECT_EQ(maps[0].offPlate, 1);
 }
 

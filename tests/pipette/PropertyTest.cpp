@@ -18,7 +18,8 @@ void LiteralSortAndCull(std::vector<Well> &wells) {
     wells.erase(std::unique(wells.begin(), wells.end()), wells.end());
 }
 
-void LiteralValidate(const PipetteHeadMode &mode, int plate, const std::vector<Well> &wanted, std::vector<Well> &valid) {
+void LiteralValidate(const PipetteHeadMode &mode, int plate, const std::vector<Well> &wanted,
+                     std::vector<Well> &valid) {
     std::set<Well> covered;
     for (const Well &well : wanted) {
         Well base;
@@ -41,7 +42,8 @@ bool LiteralPerfect(const PipetteHeadMode &mode, int plate, std::vector<Well> se
     for (const Well &well : set) {
         if (std::find(expansion.begin(), expansion.end(), well) != expansion.end()) continue;
         for (int j = 0; j < mode.ColumnCount; ++j) {
-            for (int i = 0; i < mode.RowCount; ++i) expansion.emplace_back(well.Row + i * ratio, well.Column + j * ratio);
+            for (int i = 0; i < mode.RowCount; ++i)
+                expansion.emplace_back(well.Row + i * ratio, well.Column + j * ratio);
         }
     }
     LiteralSortAndCull(expansion);
@@ -55,7 +57,8 @@ void LiteralSingleBarrel(TipBoxState &box) {
         TipPosition &chosen = byState[position.State >= 0 && position.State <= 2 ? position.State : 3];
         for (const Well &well : position.Wells) {
             std::vector<Well> extended;
-            if (!PipetteHeadMode::GetExtendedSetFromBaseWell(box.PipetteHeadMode, box.NumWells, well, extended)) continue;
+            if (!PipetteHeadMode::GetExtendedSetFromBaseWell(box.PipetteHeadMode, box.NumWells, well, extended))
+                continue;
             chosen.Wells.insert(chosen.Wells.end(), extended.begin(), extended.end());
         }
     }

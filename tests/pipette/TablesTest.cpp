@@ -129,8 +129,9 @@ TEST(HeadTables, LabwareCompatibilityAndItsReason) {
     };
     for (const Row &row : table) {
         int reason = -1;
-        EXPECT_EQ(PipetteHeadMode::AreHeadAndLabwareCompatible(row.mode, row.wells, row.capacity, reason, row.allowSmall),
-                  row.compatible)
+        EXPECT_EQ(
+            PipetteHeadMode::AreHeadAndLabwareCompatible(row.mode, row.wells, row.capacity, reason, row.allowSmall),
+            row.compatible)
             << row.what;
         EXPECT_EQ(reason, row.reason) << row.what;
     }
@@ -295,7 +296,8 @@ TEST(TransferTables, TaskBitsBuiltInTasksAndVolumeUnits) {
     for (const char *name : {"Serial Dilution", "Fill Plate", "Hit Pick Replication", "Dilute To Final Volume"}) {
         EXPECT_TRUE(PipetteWizardQuery::IsBuiltInPipetteTask(name)) << name;
     }
-    for (const char *name : {"fill plate", "Fill Plate ", ""}) EXPECT_FALSE(PipetteWizardQuery::IsBuiltInPipetteTask(name));
+    for (const char *name : {"fill plate", "Fill Plate ", ""})
+        EXPECT_FALSE(PipetteWizardQuery::IsBuiltInPipetteTask(name));
     EXPECT_EQ(CherryPickData::GetVolumeUnitMultiplier(VOLUME_UNITS_NANOLITRES), 1000.0);
     EXPECT_EQ(CherryPickData::GetVolumeUnitMultiplier(PipettorVolumeUnits(0)), 1.0);
     EXPECT_EQ(CherryPickData::GetVolumeUnitString(VOLUME_UNITS_NANOLITRES), "nL");

@@ -146,7 +146,9 @@ constexpr int kGap = 24;
 // no well is drawn smaller than 8.
 int Pitch(const PlateMap &map) { return std::clamp(400 / std::max(map.columns, 1), 8, 32); }
 
-std::string Number(double value) { return Convert<std::string>(static_cast<double>(static_cast<long long>(value * 10)) / 10); }
+std::string Number(double value) {
+    return Convert<std::string>(static_cast<double>(static_cast<long long>(value * 10)) / 10);
+}
 
 XMLParser::XMLNode &Element(XMLParser::XMLNode &parent, const char *name,
                             std::initializer_list<std::pair<const char *, std::string>> attributes,

@@ -1,12 +1,9 @@
 #include "qor/records/pipette/CherryPickTransfer.h"
 
-#include "qor/marshal/RecordDefinition.h"
+#include "qor/records/pipette/WellTransferTable.h"
 
 namespace PipetteXMLMarshaller {
 
-QOR_DEFINE_RECORD(CherryPickTransfer,
-    child("SourceWell", &CherryPickTransfer::SourceWell),
-    child("DestinationWell", &CherryPickTransfer::DestinationWell),
-    attribute("Volume", &CherryPickTransfer::Volume))
+QOR_DEFINE_RECORD(CherryPickTransfer, WellTransferTable())
 
 }  // namespace PipetteXMLMarshaller

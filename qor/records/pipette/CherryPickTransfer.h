@@ -2,16 +2,12 @@
 #pragma once
 
 #include "qor/marshal/Record.h"
-#include "qor/records/pipette/DestinationWell.h"
-#include "qor/records/pipette/SourceWell.h"
+#include "qor/records/pipette/WellTransferFields.h"
 
 namespace PipetteXMLMarshaller {
 
-class CherryPickTransfer : public PipetteXMLMarshallerBase {
+class CherryPickTransfer : public PipetteXMLMarshallerBase, public WellTransferFields {
     QOR_RECORD(CherryPickTransfer)
-    PipetteXMLMarshaller::SourceWell SourceWell;
-    PipetteXMLMarshaller::DestinationWell DestinationWell;
-    double Volume = 0.0;
 };
 
 }  // namespace PipetteXMLMarshaller

@@ -3,6 +3,9 @@
 // placed on a plate.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
+
 #include "qor/records/pipette/PipetteHeadMode.h"
 
 namespace qor::pipette {
@@ -15,13 +18,17 @@ bool FullGrid(PipetteXMLMarshaller::WellSelectionChannelsType channels, int &row
 // of its grid: the subset is set, the counts reset, then the other count is 1.
 void BecomeLastLine(PipetteXMLMarshaller::PipetteHeadMode &mode, PipetteXMLMarshaller::HeadSubsetType line);
 
-// A head mode on a plate: the plate's size, the spacing ratio and how far the
-// head reaches beyond its first barrel.
+// A head mode on a plate: the plate's size, the spacing ratio, and the
+// barrels of the mode along each side, counted as far as the plate goes.
 struct HeadOnPlate {
     int rows = 0;     // the plate's
     int columns = 0;  // the plate's
     int ratio = 1;
     bool ratioKnown = false;
+    // RowCount and ColumnCount, from none to the plate's size: a document's
+    // counts make no walk longer than the plate.
+    int barrelRows = 0;
+    int barrelColumns = 0;
     // (count - 1) * ratio: the distance from the first barrel to the last;
     // negative for a mode with no barrels in that direction.
     long long rowReach = 0;
@@ -31,25 +38,41 @@ struct HeadOnPlate {
         return row >= 0 && row < rows && column >= 0 && column < columns;
     }
 
-    // The first barrel's position from which a well on the plate is reached.
-    PipetteXMLMarshaller::Well Base(const PipetteXMLMarshaller::Well &well) const {
-        return PipetteXMLMarshaller::Well(BaseCoordinate(rowReach, rows, well.Row),
-                                          BaseCoordinate(columnReach, columns, well.Column));
+    // The first barrel's position from which a well on the plate is reached,
+    // a row and a column at a time.
+    int BaseRow(int row) const { return BaseCoordinate(rowReach, rows, row); }
+    int BaseColumn(int column) const { return BaseCoordinate(columnReach, columns, column); }
+
+    // The rows and columns of wells the head touches from a base.
+    struct Touched {
+        int rows;
+        int columns;
+        std::size_t Count() const { return static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns); }
+    };
+    Touched TouchedFrom(int row, int column) const {
+        return {TouchedAlong(row, rows, barrelRows), TouchedAlong(column, columns, barrelColumns)};
     }
 
-    // Calls visit(row, column) for each well the head touches from base, row
-    // by row. Bounded by the plate whatever the counts.
+    // Calls visit(row, column) for each well the head touches from the base
+    // (row, column), row by row.
     template <class Visit>
-    void ForEachTouched(const PipetteXMLMarshaller::Well &base, Visit visit) const {
-        for (long long row = base.Row; OnPlate(row, 0) && row - base.Row <= rowReach; row += ratio) {
-            for (long long column = base.Column; OnPlate(row, column) && column - base.Column <= columnReach;
-                 column += ratio) {
-                visit(static_cast<int>(row), static_cast<int>(column));
-            }
+    void ForEachTouched(int row, int column, Touched touched, Visit visit) const {
+        for (int i = 0, r = row; i < touched.rows; ++i, r += ratio) {
+            for (int j = 0, c = column; j < touched.columns; ++j, c += ratio) visit(r, c);
         }
+    }
+    template <class Visit>
+    void ForEachTouched(int row, int column, Visit visit) const {
+        ForEachTouched(row, column, TouchedFrom(row, column), visit);
     }
 
 private:
+    // Barrels from start to the plate's edge, at most barrels of them.
+    int TouchedAlong(int start, int size, int barrels) const {
+        if (start < 0 || start >= size) return 0;
+        return std::min((size - 1 - start) / ratio + 1, barrels);
+    }
+
     int BaseCoordinate(long long reach, int size, int coordinate) const {
         const long long past = reach - size + coordinate;  // how far the head would overhang
         if (past < 0) return coordinate;

@@ -1,12 +1,9 @@
 #include "qor/records/pipette/LiquidTransferPair.h"
 
-#include "qor/marshal/RecordDefinition.h"
+#include "qor/records/pipette/WellTransferTable.h"
 
 namespace PipetteXMLMarshaller {
 
-QOR_DEFINE_RECORD(LiquidTransferPair,
-    child("SourceWell", &LiquidTransferPair::SourceWell),
-    child("DestinationWell", &LiquidTransferPair::DestinationWell),
-    attribute("Volume", &LiquidTransferPair::Volume))
+QOR_DEFINE_RECORD(LiquidTransferPair, WellTransferTable())
 
 }  // namespace PipetteXMLMarshaller

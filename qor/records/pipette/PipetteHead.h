@@ -22,7 +22,8 @@ class PipetteHead : public PipetteXMLMarshallerBase {
     // Reads a head of the older form, whose Channels attribute stood on the
     // head itself, into head's mode; false when node has no Channels. An old
     // column or row head becomes the last column or row of the 96 or 384
-    // grid, except on the two heads that are such columns by nature.
+    // grid, except on the two heads that are such columns by nature, which
+    // head's Name tells (read head from node first).
     static bool IsHeadUpgraded(const XMLParser::XMLNode &node, PipetteHead &head);
 };
 

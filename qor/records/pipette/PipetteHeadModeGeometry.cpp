@@ -5,6 +5,7 @@
 // (WellBits): the results are those of the ordered sets and vectors of wells
 // the rules speak of, at the cost of a bitset.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 
@@ -53,20 +54,26 @@ long long IntegerSquareRoot(long long value) {
 // What a 32-bit int holds of a wider result.
 int Wrap32(long long value) { return static_cast<int>(static_cast<std::uint32_t>(value)); }
 
-// Set membership and marks for IsSetPerfect, over a sorted, culled list:
-// bits when the wells lie within the largest plate, a binary search
-// otherwise (wells far off any plate still get an answer).
+// Set membership and marks for IsSetPerfect. Wells within the largest
+// plate are bits, taken straight from the list (bits are sorted and culled
+// by nature); others are a sorted, culled copy searched by halves.
 class PlateMembers {
 public:
+    static bool Fits(const std::vector<Well> &set) {
+        return std::all_of(set.begin(), set.end(), [](const Well &well) {
+            return well.Row >= 0 && well.Row < WellBits::MaxRows && well.Column >= 0 &&
+                   well.Column < WellBits::MaxColumns;
+        });
+    }
     explicit PlateMembers(const std::vector<Well> &set) {
         for (const Well &well : set) members_.Set(well);
     }
-    static bool Fits(const std::vector<Well> &set) {
-        return std::all_of(set.begin(), set.end(), [](const Well &well) {
-            return well.Row >= 0 && well.Row < kRows && well.Column >= 0 && well.Column < kColumns;
-        });
+    long long Count() const { return members_.Count(); }
+    template <class Visit>
+    bool AllInOrder(Visit visit) const {
+        return members_.All(visit);
     }
-    bool Marked(const Well &well) const { return marked_.Test(well); }
+    bool Marked(int row, int column) const { return marked_.Test(row, column); }
     // Marks the well; false when it isn't a member.
     bool Mark(long long row, long long column) {
         if (!members_.OnPlate(row, column) || !members_.Test(int(row), int(column))) return false;
@@ -75,15 +82,22 @@ public:
     }
 
 private:
-    static constexpr int kRows = 48, kColumns = 72;  // the largest plate
-    WellBits members_{kRows, kColumns};
-    WellBits marked_{kRows, kColumns};
+    WellBits members_{WellBits::MaxRows, WellBits::MaxColumns};
+    WellBits marked_{WellBits::MaxRows, WellBits::MaxColumns};
 };
 
 class SortedMembers {
 public:
-    explicit SortedMembers(const std::vector<Well> &set) : set_(set), marked_(set.size()) {}
-    bool Marked(const Well &well) const { return marked_[Index(well.Row, well.Column)]; }
+    explicit SortedMembers(const std::vector<Well> &set) : set_(set) {
+        Well::SortAndCullWells(set_);
+        marked_.resize(set_.size());
+    }
+    long long Count() const { return static_cast<long long>(set_.size()); }
+    template <class Visit>
+    bool AllInOrder(Visit visit) const {
+        return std::all_of(set_.begin(), set_.end(), [&](const Well &well) { return visit(well.Row, well.Column); });
+    }
+    bool Marked(int row, int column) const { return marked_[Index(row, column)]; }
     bool Mark(long long row, long long column) {
         if (row < INT32_MIN || row > INT32_MAX || column < INT32_MIN || column > INT32_MAX) return false;
         const std::size_t index = Index(static_cast<int>(row), static_cast<int>(column));
@@ -99,25 +113,27 @@ private:
         const auto found = std::lower_bound(set_.begin(), set_.end(), well);
         return found != set_.end() && *found == well ? static_cast<std::size_t>(found - set_.begin()) : set_.size();
     }
-    const std::vector<Well> &set_;
+    std::vector<Well> set_;
     std::vector<bool> marked_;
 };
 
-// The expansion of a set (each well not yet reached, with every well the
-// head touches from it) always holds the set itself, so the set is perfect
-// exactly when no expansion leaves it.
+// The expansion of a set (each well not yet reached, in order, with every
+// well the head touches from it) always holds the set itself, so the set is
+// perfect exactly when no expansion leaves it. A mode with more barrels
+// than the set has wells expands beyond it (the ratio is at least 1, so its
+// wells are distinct).
 template <class Members>
-bool ExpansionsStayInSet(const std::vector<Well> &set, long long rowCount, long long columnCount, int ratio,
-                         Members &members) {
-    for (const Well &well : set) {
-        if (members.Marked(well)) continue;
+bool ExpansionsStayInSet(Members &members, long long rowCount, long long columnCount, int ratio) {
+    if (rowCount * columnCount > members.Count()) return false;
+    return members.AllInOrder([&](int row, int column) {
+        if (members.Marked(row, column)) return true;
         for (long long i = 0; i < rowCount; ++i) {
             for (long long j = 0; j < columnCount; ++j) {
-                if (!members.Mark(well.Row + i * ratio, well.Column + j * ratio)) return false;
+                if (!members.Mark(row + i * ratio, column + j * ratio)) return false;
             }
         }
-    }
-    return true;
+        return true;
+    });
 }
 
 }  // namespace
@@ -127,6 +143,8 @@ bool qor::pipette::PlaceHead(const PipetteXMLMarshaller::PipetteHeadMode &mode, 
     using PipetteXMLMarshaller::PipetteHeadMode;
     if (!PipetteHeadMode::WellCountToPlateDimensions(wells, head.rows, head.columns)) return false;
     head.ratioKnown = PipetteHeadMode::GetHeadWellSpacingRatio(mode, wells, head.ratio);
+    head.barrelRows = std::clamp(mode.RowCount, 0, head.rows);
+    head.barrelColumns = std::clamp(mode.ColumnCount, 0, head.columns);
     head.rowReach = (mode.RowCount - 1LL) * head.ratio;
     head.columnReach = (mode.ColumnCount - 1LL) * head.ratio;
     return true;
@@ -150,35 +168,40 @@ bool PipetteHeadMode::GetHeadWellSpacingRatio(const PipetteHeadMode &mode, int w
 bool PipetteHeadMode::GetBaseSelectionWell(const PipetteHeadMode &mode, int wells, const Well &well, Well &base) {
     HeadOnPlate head;
     if (!qor::pipette::PlaceHead(mode, wells, head) || !head.OnPlate(well.Row, well.Column)) return false;
-    const Well found = head.Base(well);
-    base.Row = found.Row;
-    base.Column = found.Column;
+    const int row = head.BaseRow(well.Row), column = head.BaseColumn(well.Column);
+    base.Row = row;
+    base.Column = column;
     return true;
 }
 
 bool PipetteHeadMode::GetExtendedSetFromBaseWell(const PipetteHeadMode &mode, int wells, const Well &base,
                                                  std::vector<Well> &set) {
-    set.clear();
     HeadOnPlate head;
-    if (!qor::pipette::PlaceHead(mode, wells, head) || !head.ratioKnown) return false;
-    const long long barrels = std::max(0, mode.RowCount) * static_cast<long long>(std::max(0, mode.ColumnCount));
-    set.reserve(static_cast<std::size_t>(std::min<long long>(barrels, head.rows * head.columns)));
-    head.ForEachTouched(base, [&](int row, int column) { set.emplace_back(row, column); });
+    if (!qor::pipette::PlaceHead(mode, wells, head) || !head.ratioKnown) {
+        set.clear();
+        return false;
+    }
+    const int row = base.Row, column = base.Column;  // base may be a well of set
+    const HeadOnPlate::Touched touched = head.TouchedFrom(row, column);
+    qor::pipette::Overwrite(set, touched.Count(),
+                            [&](auto write) { head.ForEachTouched(row, column, touched, write); });
     return true;
 }
 
 bool PipetteHeadMode::GetSmallestUniqueSet(const PipetteHeadMode &mode, int wells, std::vector<Well> &set) {
-    set.clear();
     HeadOnPlate head;
-    if (!qor::pipette::PlaceHead(mode, wells, head) || !head.ratioKnown) return false;
-    // Base positions stay on the plate, also for a mode without barrels.
-    const long long lastRow = std::min<long long>(head.rows - 1 - head.rowReach, head.rows - 1);
-    const long long lastColumn = std::min<long long>(head.columns - 1 - head.columnReach, head.columns - 1);
-    if (lastRow < 0 || lastColumn < 0) return true;
-    set.reserve(static_cast<std::size_t>((lastRow + 1) * (lastColumn + 1)));
-    for (int row = 0; row <= lastRow; ++row) {
-        for (int column = 0; column <= lastColumn; ++column) set.emplace_back(row, column);
+    if (!qor::pipette::PlaceHead(mode, wells, head) || !head.ratioKnown) {
+        set.clear();
+        return false;
     }
+    // Base positions stay on the plate, also for a mode without barrels.
+    const long long rows = std::clamp<long long>(head.rows - head.rowReach, 0, head.rows);
+    const long long columns = std::clamp<long long>(head.columns - head.columnReach, 0, head.columns);
+    qor::pipette::Overwrite(set, static_cast<std::size_t>(rows * columns), [&](auto write) {
+        for (int row = 0; row < rows; ++row) {
+            for (int column = 0; column < columns; ++column) write(row, column);
+        }
+    });
     return true;
 }
 
@@ -194,6 +217,11 @@ void PipetteHeadMode::ValidateSelection(const PipetteHeadMode &mode, int wells, 
     const std::size_t held = valid.size();
     HeadOnPlate head;
     if (qor::pipette::PlaceHead(mode, wells, head) && head.ratioKnown) {
+        // The base of each row and column, worked out once rather than per well.
+        std::array<int, WellBits::MaxRows> baseRows;
+        std::array<int, WellBits::MaxColumns> baseColumns;
+        for (int row = 0; row < head.rows; ++row) baseRows[row] = head.BaseRow(row);
+        for (int column = 0; column < head.columns; ++column) baseColumns[column] = head.BaseColumn(column);
         WellBits chosen(head.rows, head.columns);   // the bases in valid
         WellBits covered(head.rows, head.columns);  // every well reached so far
         WellBits added(head.rows, head.columns);
@@ -202,11 +230,11 @@ void PipetteHeadMode::ValidateSelection(const PipetteHeadMode &mode, int wells, 
         }
         for (const Well &well : wanted) {
             if (!head.OnPlate(well.Row, well.Column)) continue;
-            const Well base = head.Base(well);
-            if (chosen.Test(base) || covered.Test(base)) continue;
-            head.ForEachTouched(base, [&](int row, int column) { covered.Set(row, column); });
-            chosen.Set(base);
-            added.Set(base);
+            const int row = baseRows[well.Row], column = baseColumns[well.Column];
+            if (chosen.Test(row, column) || covered.Test(row, column)) continue;
+            head.ForEachTouched(row, column, [&](int r, int c) { covered.Set(r, c); });
+            chosen.Set(row, column);
+            added.Set(row, column);
         }
         added.AppendTo(valid);  // already in row order
     }
@@ -216,22 +244,16 @@ void PipetteHeadMode::ValidateSelection(const PipetteHeadMode &mode, int wells, 
 
 bool PipetteHeadMode::IsSetPerfect(const PipetteHeadMode &mode, int wells, const std::vector<Well> &set) {
     if (set.empty()) return true;
-    std::vector<Well> sorted = set;
-    Well::SortAndCullWells(sorted);
     int ratio = 1;
     GetHeadWellSpacingRatio(mode, wells, ratio);
-    // A mode without barrels expands to nothing; one with more barrels than
-    // the set has wells expands beyond it (the ratio is at least 1, so its
-    // wells are distinct).
     const long long rowCount = mode.RowCount, columnCount = mode.ColumnCount;
-    if (rowCount <= 0 || columnCount <= 0) return false;
-    if (rowCount * columnCount > static_cast<long long>(sorted.size())) return false;
-    if (PlateMembers::Fits(sorted)) {
-        PlateMembers members(sorted);
-        return ExpansionsStayInSet(sorted, rowCount, columnCount, ratio, members);
+    if (rowCount <= 0 || columnCount <= 0) return false;  // expands to nothing
+    if (PlateMembers::Fits(set)) {
+        PlateMembers members(set);
+        return ExpansionsStayInSet(members, rowCount, columnCount, ratio);
     }
-    SortedMembers members(sorted);
-    return ExpansionsStayInSet(sorted, rowCount, columnCount, ratio, members);
+    SortedMembers members(set);
+    return ExpansionsStayInSet(members, rowCount, columnCount, ratio);
 }
 
 bool PipetteHeadMode::WellToQuadrant(const PipetteHeadMode &mode, int wells, const Well &well, int &quadrant) {

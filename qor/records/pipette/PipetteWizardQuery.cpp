@@ -8,7 +8,8 @@
 namespace PipetteXMLMarshaller {
 
 QOR_DEFINE_RECORD(PipetteWizardQuery,
-    attribute("ImplementsSerialDilution", &PipetteWizardQuery::ImplementsSerialDilution).as("Implements serial dilution"),
+    attribute("ImplementsSerialDilution", &PipetteWizardQuery::ImplementsSerialDilution)
+        .as("Implements serial dilution"),
     attribute("ImplementsFillPlate", &PipetteWizardQuery::ImplementsFillPlate).as("Implements fill plate"),
     attribute("AllowAutoTipSelection", &PipetteWizardQuery::AllowAutoTipSelection).as("Allows automatic tip selection"),
     attribute("PlateLabel", &PipetteWizardQuery::PlateLabel).as("Plate label"),

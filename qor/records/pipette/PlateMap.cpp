@@ -6,6 +6,7 @@
 
 #include "qor/records/pipette.h"
 #include "qor/records/pipette/HeadGeometry.h"
+#include "qor/records/pipette/WellBits.h"
 #include "qor/xml/XMLParserException.h"
 
 namespace qor::pipette {
@@ -26,6 +27,20 @@ PlateMap EmptyMap(int wells) {
 
 WellMark &MarkAt(PlateMap &map, int row, int column) {
     return map.marks[static_cast<std::size_t>(row * map.columns + column)];
+}
+
+// The wells of a list that lie on the plate, each once (so that no list
+// makes the work larger than the plate); off counts the others.
+WellBits DistinctOnPlate(const HeadOnPlate &head, const std::vector<Well> &wells, int &off) {
+    WellBits distinct(head.rows, head.columns);
+    for (const Well &well : wells) {
+        if (head.OnPlate(well.Row, well.Column)) {
+            distinct.Set(well);
+        } else {
+            ++off;
+        }
+    }
+    return distinct;
 }
 
 std::string Quoted(const std::string &text) { return '"' + text + '"'; }
@@ -102,6 +117,14 @@ bool MapEach(const std::vector<Item> &items, const std::string &title, Map map) 
     return true;
 }
 
+// The selection texts of a list of tip or volume changes.
+template <class Change>
+bool SelectionTexts(const std::vector<Change> &changes, const std::string &title, Mapping &m) {
+    return MapEach(changes, title, [&](const Change &change, const std::string &t) {
+        return m.SelectionText(change.WellSelection, t);
+    });
+}
+
 struct RecordMapper {
     const char *element;
     bool (*map)(const XMLNode &, Mapping &);
@@ -114,19 +137,14 @@ constexpr RecordMapper kRecordMappers[] = {
          const DiagnosticsTipOperation operation(n);
          return m.Selection(operation.WellSelection, "DiagnosticsTipOperation at " + Quoted(operation.Location));
      }},
-    {"TipChange", [](const XMLNode &n, Mapping &m) { return m.SelectionText(TipChange(n).WellSelection, "TipChange"); }},
+    {"TipChange",
+     [](const XMLNode &n, Mapping &m) { return m.SelectionText(TipChange(n).WellSelection, "TipChange"); }},
     {"TipChanges",
-     [](const XMLNode &n, Mapping &m) {
-         return MapEach(TipChanges(n).TipChanges_, "TipChange",
-                        [&](const TipChange &c, const std::string &t) { return m.SelectionText(c.WellSelection, t); });
-     }},
+     [](const XMLNode &n, Mapping &m) { return SelectionTexts(TipChanges(n).TipChanges_, "TipChange", m); }},
     {"VolumeChange",
      [](const XMLNode &n, Mapping &m) { return m.SelectionText(VolumeChange(n).WellSelection, "VolumeChange"); }},
     {"VolumeChanges",
-     [](const XMLNode &n, Mapping &m) {
-         return MapEach(VolumeChanges(n).VolumeChanges_, "VolumeChange",
-                        [&](const VolumeChange &c, const std::string &t) { return m.SelectionText(c.WellSelection, t); });
-     }},
+     [](const XMLNode &n, Mapping &m) { return SelectionTexts(VolumeChanges(n).VolumeChanges_, "VolumeChange", m); }},
     {"PipetteHeadMode", [](const XMLNode &n, Mapping &m) { return m.Head(PipetteHeadMode(n), "PipetteHeadMode"); }},
     {"PipetteHead",
      [](const XMLNode &n, Mapping &m) {
@@ -207,19 +225,13 @@ PlateMap MapSelection(const WellSelection &selection, int wells) {
     map.detail = Count(selection.Wells.size(), "well") + " selected, " + DescribeHead(selection.PipetteHeadMode);
     HeadOnPlate head;
     const bool placed = PlaceHead(selection.PipetteHeadMode, wells, head) && head.ratioKnown;
-    for (const Well &well : selection.Wells) {
-        if (!head.OnPlate(well.Row, well.Column)) {
-            ++map.offPlate;
-            continue;
-        }
-        if (placed) {
-            head.ForEachTouched(well, [&](int row, int column) {
-                WellMark &mark = MarkAt(map, row, column);
-                if (mark == WellMark::Empty) mark = WellMark::Reached;
-            });
-        }
-        MarkAt(map, well.Row, well.Column) = WellMark::Selected;
+    const WellBits selected = DistinctOnPlate(head, selection.Wells, map.offPlate);
+    if (placed) {
+        selected.ForEach([&](int row, int column) {
+            head.ForEachTouched(row, column, [&](int r, int c) { MarkAt(map, r, c) = WellMark::Reached; });
+        });
     }
+    selected.ForEach([&](int row, int column) { MarkAt(map, row, column) = WellMark::Selected; });
     return map;
 }
 
@@ -248,15 +260,13 @@ bool MapTipBox(const TipBoxState &box, PlateMap &map, std::string &error) {
         const int state = position.State >= 0 && position.State < 4 ? position.State : 3;
         const WellMark mark = kTipStateMarks[state];
         listed += position.Wells.size();
-        for (const Well &base : position.Wells) {
-            if (!head.OnPlate(base.Row, base.Column)) {
-                ++map.offPlate;
-            } else if (head.ratioKnown) {
-                head.ForEachTouched(base, [&](int row, int column) { MarkAt(map, row, column) = mark; });
+        DistinctOnPlate(head, position.Wells, map.offPlate).ForEach([&](int row, int column) {
+            if (head.ratioKnown) {
+                head.ForEachTouched(row, column, [&](int r, int c) { MarkAt(map, r, c) = mark; });
             } else {
-                MarkAt(map, base.Row, base.Column) = mark;
+                MarkAt(map, row, column) = mark;
             }
-        }
+        });
     }
     map.detail = Count(listed, "base well") + " in " + Count(box.TipPositions.size(), "tip position") + ", " +
                  DescribeHead(box.PipetteHeadMode);

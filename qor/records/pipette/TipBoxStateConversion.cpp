@@ -25,15 +25,20 @@ void TipBoxState::ConvertToSingleBarrelHeadMode() {
             if (kept == kKept.end()) continue;
             auto &bits = *gathered[static_cast<std::size_t>(kept - kKept.begin())];
             for (const Well &base : position.Wells) {
-                head.ForEachTouched(base, [&](int row, int column) { bits.Set(row, column); });
+                head.ForEachTouched(base.Row, base.Column, [&](int row, int column) { bits.Set(row, column); });
             }
         }
     }
-    TipPositions.clear();
+    // The first two records take the result, so their lists are reused.
+    TipPositions.resize(kKept.size());
     for (std::size_t i = 0; i < kKept.size(); ++i) {
-        TipPosition &position = TipPositions.emplace_back();
+        TipPosition &position = TipPositions[i];
         position.State = kKept[i];
-        if (gathered[i]) gathered[i]->AppendTo(position.Wells);
+        if (gathered[i]) {
+            gathered[i]->AssignTo(position.Wells);
+        } else {
+            position.Wells.clear();
+        }
     }
     // Limiting the counts to the grid first, as the rule has it, changes
     // nothing once both are 1.

@@ -69,15 +69,16 @@ void ProcessTipBoxes::ConvertToObjectInstance(ObjectInstance &instance, bool wit
         ObjectParameterCategory &category =
             AddCategory(categories, process.ProcessName, "Tip states related to instances of " + name + ".");
         AddParameter(category, kProcessState,
-                     process.IsSingleInstance
-                         ? "Tip state of " + name + "."
-                         : "Tip state of all instances of process tipbox " + name + " when they are sourced into the system.",
+                     process.IsSingleInstance ? "Tip state of " + name + "."
+                                              : "Tip state of all instances of process tipbox " + name +
+                                                    " when they are sourced into the system.",
                      ObjectInstanceXMLMarshaller::PARAMETER_TYPE_TIP_POSITION_STATE, process.TipBoxState.ToXMLString());
         if (withoutInstances) continue;
         for (const TipBoxInstance &each : process.Instances) {
             AddParameter(category, each.Instance,
                          "Tip state of instance " + Quoted(each.Instance) + " of process tipbox " + name + ".",
-                         ObjectInstanceXMLMarshaller::PARAMETER_TYPE_TIP_POSITION_STATE, each.TipBoxState.ToXMLString());
+                         ObjectInstanceXMLMarshaller::PARAMETER_TYPE_TIP_POSITION_STATE,
+                         each.TipBoxState.ToXMLString());
         }
     }
 }
@@ -111,9 +112,12 @@ void TipBoxDevices::ConvertToObjectInstance(ObjectInstance &instance, bool withF
     module.ModuleName = kStaticModule;
     module.ModuleDescription = kStaticModuleDescription;
     module.ObjectType = GetClassName();
-    const auto describe = [](const std::string &name) { return "Tip states for static tipboxes on " + Quoted(name) + "."; };
+    const auto describe = [](const std::string &name) {
+        return "Tip states for static tipboxes on " + Quoted(name) + ".";
+    };
     for (const TipBoxDevice &device : Devices) {
-        ObjectParameterCategory &category = AddCategory(module.Categories, device.DeviceName, describe(device.DeviceName));
+        ObjectParameterCategory &category =
+            AddCategory(module.Categories, device.DeviceName, describe(device.DeviceName));
         for (const TipBoxLocation &location : device.Locations) {
             if (location.HasTipBox) {
                 AddParameter(category, location.Location, describe(location.Location),

@@ -29,13 +29,9 @@ void Well::SortAndCullWells(std::vector<Well> &wells) {
     // Wells of one plate, the usual case: their bits come out sorted and culled.
     qor::pipette::WellBits bits(static_cast<int>(rows), static_cast<int>(columns));
     for (const Well &well : wells) bits.Set(well.Row - top, well.Column - left);
-    auto out = wells.begin();
-    bits.ForEach([&](int row, int column) {
-        out->Row = row + top;
-        out->Column = column + left;
-        ++out;
+    qor::pipette::Overwrite(wells, static_cast<std::size_t>(bits.Count()), [&](auto write) {
+        bits.ForEach([&](int row, int column) { write(row + top, column + left); });
     });
-    wells.erase(out, wells.end());
 }
 
 }  // namespace PipetteXMLMarshaller

@@ -12,9 +12,26 @@
 
 namespace qor::pipette {
 
+// Makes wells hold count wells, written in order by fill(write) calling
+// write(row, column). The elements already there are reused, so a vector
+// filled again and again constructs and destroys no records.
+template <class Fill>
+void Overwrite(std::vector<PipetteXMLMarshaller::Well> &wells, std::size_t count, Fill fill) {
+    wells.resize(count);
+    auto out = wells.begin();
+    fill([&](int row, int column) {
+        out->Row = row;
+        out->Column = column;
+        ++out;
+    });
+}
+
 class WellBits {
 public:
-    static constexpr int MaxWells = 3456;  // 48 x 72, the largest plate
+    // The largest plate.
+    static constexpr int MaxRows = 48;
+    static constexpr int MaxColumns = 72;
+    static constexpr int MaxWells = MaxRows * MaxColumns;
 
     // An empty set on a plate of rows x columns; a plate larger than
     // MaxWells, or with a side below 1, is taken as having no wells.
@@ -56,18 +73,31 @@ public:
     // Calls visit(row, column) for each well of the set, in row order.
     template <class Visit>
     void ForEach(Visit visit) const {
+        All([&](int row, int column) {
+            visit(row, column);
+            return true;
+        });
+    }
+    // The same, stopping at the first well for which visit is false; false then.
+    template <class Visit>
+    bool All(Visit visit) const {
         for (int w = 0; w < Words(); ++w) {
             for (std::uint64_t bits = words_[w]; bits; bits &= bits - 1) {
                 const int i = w * 64 + std::countr_zero(bits);
-                visit(i / columns_, i % columns_);
+                if (!visit(i / columns_, i % columns_)) return false;
             }
         }
+        return true;
     }
 
     // Appends the set's wells to wells, in row order.
     void AppendTo(std::vector<PipetteXMLMarshaller::Well> &wells) const {
         wells.reserve(wells.size() + static_cast<std::size_t>(Count()));
         ForEach([&](int row, int column) { wells.emplace_back(row, column); });
+    }
+    // Makes wells the set's wells, in row order, reusing its elements.
+    void AssignTo(std::vector<PipetteXMLMarshaller::Well> &wells) const {
+        Overwrite(wells, static_cast<std::size_t>(Count()), [&](auto write) { ForEach(write); });
     }
 
 private:
