@@ -7,7 +7,7 @@
 
 #include "PipetteTestSupport.h"
 #include "marshal/MarshalTestSupport.h"
-#include "records/QorCommandLine.h"
+#include "support/RunCommand.h"
 #include "qor/xml/XMLReader.h"
 
 namespace {
@@ -121,17 +121,17 @@ TEST(PlateMap, EveryRecordThatHoldsPlatesTitlesThem) {
 
 class PlateCommand : public testing::Test {
 protected:
-    using Outcome = record_test::Outcome;
+    using Outcome = qor_test::Ran;
 
     void SetUp() override {
-        if (!record_test::QorIsBuilt()) GTEST_SKIP() << "the qor tool isn't built";
+        if (!qor_test::QorToolIsBuilt()) GTEST_SKIP() << "the qor tool isn't built";
     }
     std::string Path(const std::string &name) const { return (dir_.path() / name).string(); }
     std::string Write(const std::string &name, const std::string &text) {
         std::ofstream(Path(name)) << text;
         return Path(name);
     }
-    static Outcome Run(const std::string &arguments) { return record_test::RunQor(arguments); }
+    static Outcome Run(const std::string &arguments) { return qor_test::RunQor(arguments); }
     marshal_test::TempDir dir_;
 };
 
@@ -141,7 +141,7 @@ TEST_F(PlateCommand, DrawsASelectionInTheTerminal) {
     const Outcome outcome =
         Run("plate show " + Write("selection.xml", Selection(column, Wells({{0, 0}, {0, 11}})).ToXMLString()));
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output,
+    EXPECT_EQ(outcome.out,
               "WellSelection: 96-well plate\n"
               "2 wells selected, head 8 x 1 of 96 channels, Full column\n"
               "\n"
@@ -158,8 +158,8 @@ TEST_F(PlateCommand, DrawsASelectionInTheTerminal) {
               "# selected   + reached by the head   . empty\n");
     // A 1536-well plate writes its column numbers in two lines.
     const Outcome wide = Run("plate show " + Path("selection.xml") + " --wells 1536");
-    EXPECT_NE(wide.output.find("\n                      1 1 1"), std::string::npos) << wide.output;
-    EXPECT_NE(wide.output.find("\nAC  + . . . . . . . . . . + . ."), std::string::npos) << wide.output;
+    EXPECT_NE(wide.out.find("\n                      1 1 1"), std::string::npos) << wide.out;
+    EXPECT_NE(wide.out.find("\nAC  + . . . . . . . . . . + . ."), std::string::npos) << wide.out;
 }
 
 TEST_F(PlateCommand, WritesATipBoxAsAnSvgPlateMap) {
@@ -171,7 +171,7 @@ TEST_F(PlateCommand, WritesATipBoxAsAnSvgPlateMap) {
     box.TipPositions[1].State = TIP_POSITION_STATE_1;
     box.TipPositions[1].Wells = Wells({{1, 1}});
     const Outcome outcome = Run("plate show " + Write("box.xml", box.ToXMLString()) + " --svg " + Path("box.svg"));
-    ASSERT_EQ(outcome.status, 0) << outcome.output;
+    ASSERT_EQ(outcome.status, 0) << outcome.out;
 
     XMLReader svg;
     svg.Read(Path("box.svg").c_str());
@@ -218,7 +218,7 @@ TEST_F(PlateCommand, FailuresSayWhyAndExitNonZero) {
     for (const Case &c : cases) {
         const Outcome outcome = Run(c.arguments);
         EXPECT_EQ(outcome.status, c.status) << c.arguments;
-        EXPECT_NE(outcome.output.find(c.says), std::string::npos) << c.arguments << "\n" << outcome.output;
+        EXPECT_NE(outcome.out.find(c.says), std::string::npos) << c.arguments << "\n" << outcome.out;
     }
 }
 

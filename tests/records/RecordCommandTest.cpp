@@ -3,20 +3,20 @@
 
 #include <fstream>
 
-#include "QorCommandLine.h"
+#include "support/RunCommand.h"
 #include "marshal/MarshalTestSupport.h"
 #include "qor/records/hooks.h"
 #include "qor/xml.h"
 
 namespace {
 
-using record_test::Outcome;
-using record_test::RunQor;
+using Outcome = qor_test::Ran;
+using qor_test::RunQor;
 
 class RecordCommand : public testing::Test {
 protected:
     void SetUp() override {
-        if (!record_test::QorIsBuilt()) GTEST_SKIP() << "the qor tool isn't built";
+        if (!qor_test::QorToolIsBuilt()) GTEST_SKIP() << "the qor tool isn't built";
     }
     std::string Write(const std::string &name, const std::string &text) {
         const std::string path = (dir_.path() / name).string();
@@ -43,7 +43,7 @@ TEST_F(RecordCommand, ShowPrintsEveryRecordWithItsNesting) {
 
     const Outcome outcome = RunQor("record show " + Write("events.xml", text));
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output,
+    EXPECT_EQ(outcome.out,
               "ProtocolStarted (HooksPluginXMLMarshaller)\n"
               "\n"
               "Name             Type     Value\n"
@@ -99,7 +99,7 @@ TEST_F(RecordCommand, ShowPrintsAnObjectInstanceByCategoryAndModule) {
 
     const Outcome outcome = RunQor("record show " + Write("instance.xml", instance.ToXMLString()));
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output,
+    EXPECT_EQ(outcome.out,
               "ObjectInstance (ObjectInstanceXMLMarshaller)\n"
               "\n"
               "Name           Type   Value\n"
@@ -114,9 +114,9 @@ TEST_F(RecordCommand, ShowPrintsAnObjectInstanceByCategoryAndModule) {
 TEST_F(RecordCommand, NewWritesAStampedDocumentThatChecksAndShows) {
     const Outcome created = RunQor("record new HooksPluginXMLMarshaller::Aborted");
     EXPECT_EQ(created.status, 0);
-    EXPECT_EQ(created.output, HooksPluginXMLMarshaller::Aborted().ToXMLString() + "\n");
-    const std::string path = Write("aborted.xml", created.output);
-    EXPECT_EQ(RunQor("xml check " + path).output, path + ": ok\n");
+    EXPECT_EQ(created.out, HooksPluginXMLMarshaller::Aborted().ToXMLString() + "\n");
+    const std::string path = Write("aborted.xml", created.out);
+    EXPECT_EQ(RunQor("xml check " + path).out, path + ": ok\n");
     EXPECT_EQ(RunQor("record show " + path).status, 0);
 }
 
@@ -124,21 +124,21 @@ TEST_F(RecordCommand, FieldsNotesWhereAFieldDeparts) {
     // Parameter's table marks three fields as left out of comparisons.
     const Outcome outcome = RunQor("record fields Parameter");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output.rfind("Parameter (ObjectInstanceXMLMarshaller), file type MetaData\n", 0), 0u);
-    EXPECT_NE(outcome.output.find("Hide_if                string attribute  string          empty    Hide_if "
+    EXPECT_EQ(outcome.out.rfind("Parameter (ObjectInstanceXMLMarshaller), file type MetaData\n", 0), 0u);
+    EXPECT_NE(outcome.out.find("Hide_if                string attribute  string          empty    Hide_if "
                                   "          string          not compared\n"),
               std::string::npos)
-        << outcome.output;
-    EXPECT_NE(RunQor("record fields BaseObjectDescription").output.find("BaseObjectDescription : ObjectDescription"),
+        << outcome.out;
+    EXPECT_NE(RunQor("record fields BaseObjectDescription").out.find("BaseObjectDescription : ObjectDescription"),
               std::string::npos);
 }
 
 TEST_F(RecordCommand, ListGroupsTypesByFamily) {
     const Outcome list = RunQor("record list");
     EXPECT_EQ(list.status, 0);
-    EXPECT_EQ(list.output.rfind("ObjectInstanceXMLMarshaller\n  Range\n  Parameter\n", 0), 0u) << list.output;
-    EXPECT_NE(list.output.find("\n\nHooksPluginXMLMarshaller\n  FutureProtocol\n"), std::string::npos);
-    EXPECT_EQ(RunQor("record --help").output.rfind("usage: qor record show FILE", 0), 0u);
+    EXPECT_EQ(list.out.rfind("ObjectInstanceXMLMarshaller\n  Range\n  Parameter\n", 0), 0u) << list.out;
+    EXPECT_NE(list.out.find("\n\nHooksPluginXMLMarshaller\n  FutureProtocol\n"), std::string::npos);
+    EXPECT_EQ(RunQor("record --help").out.rfind("usage: qor record show FILE", 0), 0u);
 }
 
 TEST_F(RecordCommand, FailuresSayWhyAndExitNonZero) {
@@ -164,10 +164,10 @@ TEST_F(RecordCommand, FailuresSayWhyAndExitNonZero) {
         SCOPED_TRACE(c.arguments);
         const Outcome outcome = RunQor(c.arguments);
         EXPECT_EQ(outcome.status, c.status);
-        EXPECT_NE(outcome.output.find(c.says), std::string::npos) << outcome.output;
+        EXPECT_NE(outcome.out.find(c.says), std::string::npos) << outcome.out;
     }
     // The known record of a document with an unknown one is still shown.
-    EXPECT_NE(RunQor(cases[0].arguments).output.find("Aborted (HooksPluginXMLMarshaller)"), std::string::npos);
+    EXPECT_NE(RunQor(cases[0].arguments).out.find("Aborted (HooksPluginXMLMarshaller)"), std::string::npos);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "QorCommandLine.h"
+#include "support/RunCommand.h"
 #include "qor/records/RecordRegistry.h"
 #include "qor/xml.h"
 
@@ -49,14 +49,14 @@ TEST(GoldenDocuments, ReadAndWrittenBackByteForByte) {
 }
 
 TEST(GoldenFieldTables, AreWhatQorRecordFieldsPrints) {
-    if (!record_test::QorIsBuilt()) GTEST_SKIP() << "the qor tool isn't built";
+    if (!qor_test::QorToolIsBuilt()) GTEST_SKIP() << "the qor tool isn't built";
     const auto files = GoldenFiles(".fields");
     EXPECT_FALSE(files.empty());
     for (const auto &path : files) {
         SCOPED_TRACE(path.string());
-        const auto outcome = record_test::RunQor("record fields " + path.stem().string());
+        const auto outcome = qor_test::RunQor("record fields " + path.stem().string());
         EXPECT_EQ(outcome.status, 0);
-        EXPECT_EQ(outcome.output, Contents(path));
+        EXPECT_EQ(outcome.out, Contents(path));
     }
 }
 

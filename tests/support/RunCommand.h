@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <ostream>
 #include <string>
 
@@ -35,5 +36,13 @@ inline Ran RunCommand(const std::string &command) {
     ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return ran;
 }
+
+#ifdef QOR_BINARY_DIR
+// The qor command line of this build.
+inline std::string QorTool() { return std::string(QOR_BINARY_DIR) + "/tools/qor"; }
+inline bool QorToolIsBuilt() { return std::filesystem::exists(QorTool()); }
+// Runs `qor ARGUMENTS`; the arguments are quoted for the shell by the caller.
+inline Ran RunQor(const std::string &arguments) { return RunCommand(QorTool() + " " + arguments); }
+#endif
 
 }  // namespace qor_test

@@ -2,32 +2,17 @@
 // exit codes of its failures.
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdio>
 #include <cstring>
+#include <fstream>
 
 #include "ViewTestSupport.h"
+#include "support/RunCommand.h"
 
 namespace {
 
 const std::string kModels = std::string(QOR_SOURCE_DIR) + "/examples/models/";
 
-struct Outcome {
-    int status;
-    std::string output;  // stdout and stderr
-};
-
-Outcome Qor(const std::string &arguments) {
-    Outcome outcome{-1, {}};
-    FILE *pipe = popen((std::string(QOR_TOOL) + " model " + arguments + " 2>&1").c_str(), "r");
-    if (!pipe) return outcome;
-    char buffer[4096];
-    for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) outcome.output.append(buffer, n);
-    const int status = pclose(pipe);
-    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return outcome;
-}
+qor_test::Ran Qor(const std::string &arguments) { return qor_test::RunQor("model " + arguments); }
 
 std::string Slurp(const std::string &path) {
     std::ifstream in(path, std::ios::binary);
@@ -58,9 +43,9 @@ TEST(ModelCommand, AnswersAndFailsClearly) {
         {"render " + kModels + "deck.wrl --png " + dir.Path("no/such/dir.png"), 1, "cannot be written"},
     };
     for (const Case &c : cases) {
-        const Outcome outcome = Qor(c.arguments);
-        EXPECT_EQ(outcome.status, c.status) << c.arguments << "\n" << outcome.output;
-        EXPECT_NE(outcome.output.find(c.says), std::string::npos) << c.arguments << "\n" << outcome.output;
+        const qor_test::Ran outcome = Qor(c.arguments);
+        EXPECT_EQ(outcome.status, c.status) << c.arguments << "\n" << outcome.out;
+        EXPECT_NE(outcome.out.find(c.says), std::string::npos) << c.arguments << "\n" << outcome.out;
     }
 }
 
@@ -89,9 +74,9 @@ TEST(ModelCommand, ConvertsBothWaysToAFixedPoint) {
 
 TEST(ModelCommand, RendersAPictureOffscreen) {
     view_test::TempDir dir;
-    const Outcome outcome = Qor("render " + kModels + "instrument.xml --png " + dir.Path("i.png") +
+    const qor_test::Ran outcome = Qor("render " + kModels + "instrument.xml --png " + dir.Path("i.png") +
                                 " --size 200x150 --view top");
-    ASSERT_EQ(outcome.status, 0) << outcome.output;
+    ASSERT_EQ(outcome.status, 0) << outcome.out;
     const std::string png = Slurp(dir.Path("i.png"));
     ASSERT_GT(png.size(), 33u);
     EXPECT_EQ(png.substr(0, 8), std::string("\x89PNG\r\n\x1a\n", 8));
