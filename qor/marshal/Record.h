@@ -45,14 +45,16 @@ struct RecordDescription;
 #define QOR_RECORD_MEMBERS_(Name)                                                              \
 public:                                                                                        \
     static constexpr const char ElementName[] = #Name;                                         \
-    Name();                                                                                    \
+    /* The special members are the compiler's, inline: records are copied, */                \
+    /* made and destroyed by the thousand in lists of wells and parameters. */                 \
+    Name() = default;                                                                          \
     explicit Name(const std::string &xml);                                                     \
     explicit Name(const XMLParser::XMLNode &node);                                             \
-    Name(const Name &);                                                                        \
-    Name(Name &&) noexcept;                                                                    \
-    Name &operator=(const Name &);                                                             \
-    Name &operator=(Name &&) noexcept;                                                         \
-    ~Name() override;                                                                          \
+    Name(const Name &) = default;                                                              \
+    Name(Name &&) noexcept = default;                                                          \
+    Name &operator=(const Name &) = default;                                                   \
+    Name &operator=(Name &&) noexcept = default;                                               \
+    ~Name() override = default;                                                                \
     static void CreateXMLMarshaller(Name &record, const XMLParser::XMLNode &node);             \
     static void CreateXMLNode(XMLParser::XMLNode &node, const Name &record);                   \
     XMLParser::XMLNode ToXMLNode() const override;                                             \

@@ -646,14 +646,8 @@ struct Code {
     const ::qor::RecordDescription &Scope Name::GetRecordDescription() {                                \
         return ::qor::record::Code<Name>::Describe(HandWritten);                               \
     }                                                                                          \
-    Scope Name::Name() = default;                                                              \
     Scope Name::Name(const std::string &xml) { ::qor::record::Code<Name>::FromDocument(*this, xml); } \
     Scope Name::Name(const XMLParser::XMLNode &node) { CreateXMLMarshaller(*this, node); }    \
-    Scope Name::Name(const Name &) = default;                                                  \
-    Scope Name::Name(Name &&) noexcept = default;                                              \
-    Scope Name &Scope Name::operator=(const Name &) = default;                                 \
-    Scope Name &Scope Name::operator=(Name &&) noexcept = default;                             \
-    Scope Name::~Name() = default;                                                             \
     void Scope Name::CreateXMLMarshaller(Name &record, const XMLParser::XMLNode &node) {       \
         ::qor::record::Code<Name>::CreateXMLMarshaller(record, node);                          \
     }                                                                                          \
