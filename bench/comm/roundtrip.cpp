@@ -16,13 +16,13 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "qor/comm/DeviceFrame.h"
 #include "qor/comm/QorDeviceComm.h"
 #include "qor/comm/SerialPorts.h"
+#include "support/BenchTimes.h"
 #include "tools/sim/SimProcess.h"
 
 namespace {
@@ -136,18 +136,6 @@ BENCHMARK(SendCommandTcp)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(RawSerialPingPong)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(SendCommandSerial)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
-// Keeps each benchmark's time per round trip for the ratios.
-class RecordingReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        for (const Run &run : runs)
-            if (!run.error_occurred && run.run_type == Run::RT_Iteration)
-                microseconds[run.run_name.function_name] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> microseconds;
-};
-
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -156,19 +144,20 @@ int main(int argc, char **argv) {
         std::fprintf(stderr, "bench: %s\n", g_sim.error.c_str());
         return 1;
     }
-    RecordingReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
+    bench::BestTimes times;
+    benchmark::RunSpecifiedBenchmarks(&times);
     g_sim.Stop();
 
-    auto &t = reporter.microseconds;
-    auto have = [&](const char *name) { return t.count(name) != 0; };
+    // Microseconds per round trip, wall time: the round trips wait on the device.
+    auto t = [&](const char *name) { return times.Wall(name) * 1e6; };
+    auto have = [&](const char *name) { return t(name) > 0; };
     if (have("RawTcpPingPong") && have("SendCommandTcp"))
         std::printf("TCP: sendCommand %.1f us, raw ping-pong %.1f us, ratio %.2f (goal <= 3)\n",
-                    t["SendCommandTcp"], t["RawTcpPingPong"], t["SendCommandTcp"] / t["RawTcpPingPong"]);
+                    t("SendCommandTcp"), t("RawTcpPingPong"), t("SendCommandTcp") / t("RawTcpPingPong"));
     if (have("RawSerialPingPong") && have("SendCommandSerial"))
         std::printf("serial: sendCommand %.1f us, raw ping-pong %.1f us, ratio %.2f; "
                     "budget 12000 us (10 ms write pacing + 2 ms), ratio to budget %.2f (goal <= 1)\n",
-                    t["SendCommandSerial"], t["RawSerialPingPong"],
-                    t["SendCommandSerial"] / t["RawSerialPingPong"], t["SendCommandSerial"] / 12000.0);
+                    t("SendCommandSerial"), t("RawSerialPingPong"),
+                    t("SendCommandSerial") / t("RawSerialPingPong"), t("SendCommandSerial") / 12000.0);
     return 0;
 }

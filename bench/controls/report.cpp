@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "qor/controls.h"
+#include "support/BenchTimes.h"
 
 namespace {
 
@@ -312,38 +313,15 @@ QOR_BENCH(InsertRows, 1)->Iterations(2);
 QOR_BENCH(PeerDeleteRows, 1)->Iterations(2);
 QOR_BENCH(DeleteRows, 1)->Iterations(2);
 
-// Keeps the least CPU time per iteration over the repetitions: the run least
-// disturbed by the machine's other work.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        for (const Run &run : runs)
-            if (run.run_type == Run::RT_Iteration && run.iterations > 0) {
-                double perIteration = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-                auto [it, fresh] = seconds_.emplace(run.run_name.function_name, perIteration);
-                if (!fresh) it->second = std::min(it->second, perIteration);
-            }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    const std::map<std::string, double> &seconds() const { return seconds_; }
-
-private:
-    std::map<std::string, double> seconds_;
-};
-
 }  // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    const auto &s = reporter.seconds();
+    bench::BestTimes times;
+    bench::RunAll(argc, argv, times);
     auto line = [&](const char *what, const char *ours, const char *peer, const char *goal) {
-        auto a = s.find(ours), b = s.find(peer);
-        if (a == s.end() || b == s.end()) return;
-        std::printf("%-44s %8.1f ms / %8.1f ms = %5.2f  %s\n", what, a->second * 1e3, b->second * 1e3,
-                    a->second / b->second, goal);
+        if (times.CpuRatio(ours, peer) == 0) return;
+        std::printf("%-44s %8.1f ms / %8.1f ms = %5.2f  %s\n", what, times.Cpu(ours) * 1e3, times.Cpu(peer) * 1e3,
+                    times.CpuRatio(ours, peer), goal);
     };
     std::printf("\n1,000,000 rows, grid / peer (CPU time, best of the runs):\n");
     line("sort by text / stable_sort, natural order", "SortText", "PeerSortText", "(goal: at most 1.5)");

@@ -9,12 +9,12 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "qor/host/CRC_32.h"
+#include "support/BenchTimes.h"
 #include "qor/platform/Waitable.h"
 
 namespace {
@@ -155,25 +155,6 @@ BENCHMARK(QorThreadedSilent)->MeasureProcessCPUTime()->Repetitions(5)->ReportAgg
 BENCHMARK(QorThreadedWithProgress)->MeasureProcessCPUTime()->Repetitions(5)->ReportAggregatesOnly(false)->Unit(benchmark::kMillisecond);
 BENCHMARK(PostingCostInTurns)->MeasureProcessCPUTime()->Iterations(30)->Unit(benchmark::kMillisecond);
 
-// Keeps the least process CPU time per iteration over the repetitions: the
-// run least disturbed by the machine's other work.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        for (const Run &run : runs)
-            if (run.run_type == Run::RT_Iteration && run.iterations > 0) {
-                double perIteration = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-                auto [it, fresh] = seconds_.emplace(run.run_name.function_name, perIteration);
-                if (!fresh) it->second = std::min(it->second, perIteration);
-            }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    const std::map<std::string, double> &seconds() const { return seconds_; }
-
-private:
-    std::map<std::string, double> seconds_;
-};
-
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -184,16 +165,9 @@ int main(int argc, char **argv) {
         std::fprintf(stderr, "CRC_32 and zlib disagree\n");
         return 1;
     }
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-
-    const auto &s = reporter.seconds();
-    auto ratio = [&](const char *a, const char *b) {
-        auto x = s.find(a), y = s.find(b);
-        return x == s.end() || y == s.end() ? 0.0 : x->second / y->second;
-    };
+    bench::BestTimes times;
+    bench::RunAll(argc, argv, times);
+    auto ratio = [&](const char *a, const char *b) { return times.CpuRatio(a, b); };
     std::printf("\nthroughput CRC_32::CalcCRC / zlib crc32:          %.3f (goal: at least 0.90)\n",
                 ratio("ZlibCrc32", "QorCalcCrc"));
     std::printf("throughput table loop / zlib crc32:               %.3f (for reference)\n",

@@ -7,10 +7,10 @@
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
-#include <map>
 #include <string>
 
 #include "qor/marshal.h"
+#include "support/BenchTimes.h"
 #include "qor/records/hooks.h"
 #include "qor/xml.h"
 
@@ -195,13 +195,7 @@ ObjectInstance HandReadInstance(const std::string &text) {
 
 // ---- the benchmarks, in pairs
 
-// One timed loop: the input is built once, the work runs on it each time.
-template <auto MakeInput, auto Work>
-void Loop(benchmark::State &state) {
-    const auto input = MakeInput();
-    for (auto _ : state) benchmark::DoNotOptimize(Work(input));
-    state.SetItemsProcessed(state.iterations());
-}
+using bench::Loop;
 
 std::string PausedText() { return MakePaused().ToXMLString(); }
 std::string InstanceText() { return MakeInstance().ToXMLString(); }
@@ -217,22 +211,6 @@ BENCHMARK(Loop<MakeInstance, WriteGeneric<ObjectInstance>>)->Name("InstanceWrite
 BENCHMARK(Loop<MakeInstance, HandWriteInstance>)->Name("InstanceWriteByHand")->Unit(benchmark::kMicrosecond);
 BENCHMARK(Loop<InstanceText, ReadGeneric<ObjectInstance>>)->Name("InstanceReadGeneric")->Unit(benchmark::kMicrosecond);
 BENCHMARK(Loop<InstanceText, HandReadInstance>)->Name("InstanceReadByHand")->Unit(benchmark::kMicrosecond);
-
-// Keeps each run's CPU time per iteration (steadier than wall time on a
-// shared machine), to print the ratios at the end.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        for (const Run &run : runs) {
-            if (run.run_type == Run::RT_Iteration) seconds_[run.benchmark_name()] = run.GetAdjustedCPUTime();
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    const std::map<std::string, double> &seconds() const { return seconds_; }
-
-private:
-    std::map<std::string, double> seconds_;
-};
 
 bool CheckPeersAgree() {
     // The peers must do the same work: same text out, same record back.
@@ -251,24 +229,8 @@ int main(int argc, char **argv) {
         std::fprintf(stderr, "the hand-written peers don't match the generic records\n");
         return 1;
     }
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-
-    const auto &seconds = reporter.seconds();
-    const std::pair<const char *, const char *> pairs[] = {
-        {"PausedWriteGeneric", "PausedWriteByHand"},
-        {"PausedReadGeneric", "PausedReadByHand"},
-        {"InstanceWriteGeneric", "InstanceWriteByHand"},
-        {"InstanceReadGeneric", "InstanceReadByHand"},
-    };
-    std::printf("\nfield-table machinery / hand-written peer, CPU time (goal: at most 1.30)\n");
-    for (const auto &[generic, hand] : pairs) {
-        const auto g = seconds.find(generic);
-        const auto h = seconds.find(hand);
-        if (g == seconds.end() || h == seconds.end()) continue;
-        std::printf("  %-22s %.3f\n", generic, g->second / h->second);
-    }
+    bench::BestTimes times;
+    bench::RunAll(argc, argv, times);
+    times.PrintPairs("field-table machinery / hand-written peer", 1.3);
     return 0;
 }

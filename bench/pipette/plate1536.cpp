@@ -16,7 +16,7 @@
 #include <random>
 #include <vector>
 
-#include "../records/BenchPairs.h"
+#include "support/BenchTimes.h"
 #include "qor/records/pipette.h"
 
 using namespace PipetteXMLMarshaller;
@@ -281,10 +281,8 @@ int main(int argc, char **argv) {
         std::fprintf(stderr, "the bitset peers don't give the library's answers\n");
         return 1;
     }
-    benchmark::Initialize(&argc, argv);
-    bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    reporter.PrintRatios("pipetting on vectors of Well / the same set work on a bitset", 2.0);
+    bench::BestTimes times;
+    bench::RunAll(argc, argv, times);
+    times.PrintPairs("pipetting on vectors of Well / the same set work on a bitset", 2.0);
     return 0;
 }

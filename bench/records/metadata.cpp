@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "BenchPairs.h"
+#include "support/BenchTimes.h"
 #include "qor/records/metadata.h"
 #include "qor/xml.h"
 
@@ -405,10 +405,8 @@ int main(int argc, char **argv) {
         std::fprintf(stderr, "the hand-written peers don't match the generic records\n");
         return 1;
     }
-    benchmark::Initialize(&argc, argv);
-    bench::RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    reporter.PrintRatios("metadata records / hand-written peer", 1.3);
+    bench::BestTimes times;
+    bench::RunAll(argc, argv, times);
+    times.PrintPairs("metadata records / hand-written peer", 1.3);
     return 0;
 }

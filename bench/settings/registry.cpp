@@ -9,10 +9,10 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <map>
 #include <string>
 
 #include "qor/settings/Registry.h"
+#include "support/BenchTimes.h"
 
 namespace {
 
@@ -152,44 +152,20 @@ BENCHMARK(RawSave)->Unit(benchmark::kMicrosecond);
 BENCHMARK(LoadKey)->Unit(benchmark::kMicrosecond);
 BENCHMARK(RawLoad)->Unit(benchmark::kMicrosecond);
 
-// Keeps each run's time per iteration, to print the ratios at the end.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        for (const Run &run : runs)
-            if (run.run_type == Run::RT_Iteration) {
-                seconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
-                cpu_[run.benchmark_name()] = run.GetAdjustedCPUTime();
-            }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    const std::map<std::string, double> &seconds() const { return seconds_; }
-    const std::map<std::string, double> &cpu() const { return cpu_; }
-
-private:
-    std::map<std::string, double> seconds_, cpu_;
-};
-
 }  // namespace
 
 int main(int argc, char **argv) {
     qor::SetRegistryHiveFile(HKEY_CURRENT_USER, Folder() + "/HKEY_CURRENT_USER.db");
     Prefill();
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
+    bench::BestTimes times;
+    bench::RunAll(argc, argv, times);
 
-    const auto &seconds = reporter.seconds();
     const std::pair<const char *, const char *> pairs[] = {{"SaveKey", "RawSave"}, {"LoadKey", "RawLoad"}};
-    const auto &cpu = reporter.cpu();
     std::printf("\nCRegistry rate / raw SQLite rate (goal: at least 0.50)\n");
     std::printf("  %-8s %-10s %s\n", "", "wall time", "CPU time");
     for (const auto &[ours, raw] : pairs) {
-        const auto o = seconds.find(ours), r = seconds.find(raw);
-        const auto oc = cpu.find(ours), rc = cpu.find(raw);
-        if (o == seconds.end() || r == seconds.end() || oc == cpu.end() || rc == cpu.end()) continue;
-        std::printf("  %-8s %-10.3f %.3f\n", ours, r->second / o->second, rc->second / oc->second);
+        if (times.WallRatio(raw, ours) == 0) continue;
+        std::printf("  %-8s %-10.3f %.3f\n", ours, times.WallRatio(raw, ours), times.CpuRatio(raw, ours));
     }
     std::error_code ignored;
     std::filesystem::remove_all(Folder(), ignored);

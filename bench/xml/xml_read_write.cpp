@@ -15,6 +15,7 @@
 #include <tinyxml2.h>
 
 #include "qor/xml.h"
+#include "support/BenchTimes.h"
 
 namespace {
 
@@ -189,31 +190,6 @@ void TinyWrite(benchmark::State &state) {
     SetBytes(state, bytes);
 }
 
-// Remembers each run's CPU time per iteration, so the ratios can be printed.
-// The least CPU time of the repetitions, not wall time: the machines we
-// measure on are shared, and a neighbour's load should not move the ratios.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs) {
-            if (!run.error_occurred && run.run_type == Run::RT_Aggregate &&
-                run.aggregate_name == "min")
-                seconds_[run.run_name.str()] = run.GetAdjustedCPUTime();
-        }
-    }
-    // The time of the run "name/size/...".
-    double Time(const std::string &name, std::int64_t size) const {
-        const std::string prefix = name + "/" + std::to_string(size) + "/";
-        for (const auto &[run, seconds] : seconds_)
-            if (run.rfind(prefix, 0) == 0) return seconds;
-        return 0;
-    }
-
-private:
-    std::map<std::string, double> seconds_;
-};
-
 // About one record (what ToXMLString makes), then the three document sizes.
 const std::int64_t kSizes[] = {1, 100, 1024, 10240};
 
@@ -244,12 +220,11 @@ int main(int argc, char **argv) {
                 ->DisplayAggregatesOnly(true);
         }
     }
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
+    bench::BestTimes times;
+    bench::RunAll(argc, argv, times);
 
-    auto t = [&](const char *name, std::int64_t size) { return reporter.Time(name, size); };
-    auto ratio = [](double a, double b) { return b > 0 ? a / b : 0.0; };
+    auto t = [&](const char *name, std::int64_t size) { return times.Cpu(name + ("/" + std::to_string(size))); };
+    auto ratio = bench::BestTimes::Ratio;
     std::printf("\nSpeed relative to the peers (above 1: qor is faster)\n");
     for (std::int64_t size : kSizes) {
         std::printf("  %5lld KB  parse: %.2f x tinyxml2 (goal >= 1), %.2f x pugixml (goal >= 0.3)"
