@@ -229,8 +229,6 @@ public:
     int Accepted() const { return accepted_; }
     // True once Stop() was called: sessions that loop should end.
     bool Stopping() const { return stopping_; }
-    // The stop descriptor, for sessions that poll.
-    int StopFd() const { return stop_; }
 
     // Stops accepting and closes the listener, so new connects are refused.
     void Stop() {

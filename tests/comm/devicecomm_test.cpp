@@ -23,23 +23,6 @@ using comm_test::WireFrame;
 
 std::vector<WireFrame> Echo(const WireFrame &request) { return {request}; }
 
-TEST(DeviceComm, SendWithoutConnectionThrows) {
-    QorDeviceComm comm;
-    EXPECT_FALSE(comm.isConnected());
-    const char *text = "You must connect to the device before sending it commands!";
-    try {
-        comm.sendCommand(0x20, Bytes{1}, false, nullptr);
-        FAIL();
-    } catch (const QorDeviceCommException &e) {
-        EXPECT_EQ(e.message, text);
-        EXPECT_EQ(e.CQorException::message, text);
-        EXPECT_EQ(e.code, 0);
-    }
-    Bytes reply;
-    EXPECT_THROW(comm.sendCommand(0x20, Bytes{1}, 100, 0x20, reply, false, nullptr),
-                 QorDeviceCommException);
-}
-
 TEST(DeviceComm, RoundTripDeliversToWaiterAndSubscribers) {
     comm_test::ExpectNoLeak([&] {
         Instrument instrument([](const WireFrame &r) {

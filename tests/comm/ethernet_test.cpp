@@ -43,7 +43,15 @@ TEST(Ethernet, RefusedAndSilentDevicesGiveTheirTexts) {
                       [&] { comm.connect("127.0.0.1", comm_test::RefusingPort()); }),
                   "Failed to connect to device via Ethernet");
         EXPECT_FALSE(comm.isConnected());
-        EXPECT_THROW(comm.sendCommand(0x20, Bytes{}, false, nullptr), QorDeviceCommException);
+        // Neither form of send goes anywhere without a link.
+        const std::string notConnected = "You must connect to the device before sending it commands!";
+        EXPECT_EQ(comm_test::ThrownMessage<QorDeviceCommException>(
+                      [&] { comm.sendCommand(0x20, Bytes{}, false, nullptr); }),
+                  notConnected);
+        Bytes reply;  // and a handler of the base class reads the same text
+        EXPECT_EQ(comm_test::ThrownMessage<CQorException>(
+                      [&] { comm.sendCommand(0x20, Bytes{1}, 100, 0x20, reply, false, nullptr); }),
+                  notConnected);
         comm_test::SilentListener silent;
         EXPECT_EQ(comm_test::ThrownMessage<QorDeviceCommException>(
                       [&] { QorEthernetConnection timedOut("127.0.0.1", silent.Port(), &comm); }),
