@@ -106,7 +106,6 @@ struct Peer {
     Signal accepted, release;
     Bytes toSend;
     bool resetAtEnd = false;
-    bool closeAtOnce = false;
     bool holdAfterEnd = true;  // after our end of stream, keep the connection until released
     Bytes got;
     std::mutex mutex;
@@ -114,7 +113,6 @@ struct Peer {
     LoopbackDevice::Session Session() {
         return [this](int &fd, LoopbackDevice &device) {
             accepted.Set();
-            if (closeAtOnce) return;
             comm_test::WriteAll(fd, toSend);
             while (!release.IsSet() && !device.Stopping()) {
                 if (device.WaitReadable(fd, 20)) {
