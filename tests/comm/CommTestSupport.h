@@ -229,8 +229,6 @@ public:
     int Accepted() const { return accepted_; }
     // True once Stop() was called: sessions that loop should end.
     bool Stopping() const { return stopping_; }
-    // The stop descriptor, for sessions that poll.
-    int StopFd() const { return stop_; }
 
     // Stops accepting and closes the listener, so new connects are refused.
     void Stop() {
@@ -372,38 +370,47 @@ private:
     LoopbackDevice device_;
 };
 
-// Everything a subscriber of a QorDeviceComm hears, in order.
+// Everything a subscriber of a QorDeviceComm hears, in order, one line an
+// event ("long 33: 1 2", "short 64:", "error"); tests wait for a number of them.
 class Listener : public QorDeviceCommSubscriber {
 public:
-    struct Heard {
-        char kind;  // 'L' long, 'S' short
-        unsigned char command;
-        Bytes data;
-    };
+    using Events = std::vector<std::string>;
+    static std::string Line(const char *kind, unsigned char command, const Bytes &data) {
+        std::string text = kind + std::string(" ") + std::to_string(command) + ":";
+        for (unsigned char byte : data) text += " " + std::to_string(byte);
+        return text;
+    }
     void onLongMessage(unsigned char command, const std::vector<unsigned char> &data) override {
-        Add({'L', command, data});
+        Push(Line("long", command, data));
     }
     void onShortMessage(unsigned char command, const std::vector<unsigned char> &data) override {
-        Add({'S', command, data});
+        Push(Line("short", command, data));
     }
-    void onCommError() override { ++errors; }
-    std::vector<Heard> Got() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return heard_;
+    void onCommError() override { Push("error"); }
+
+    // The events so far, once there are at least `count` (at most `limitMs`).
+    Events Wait(std::size_t count, int limitMs = 5000) {
+        std::unique_lock<std::mutex> hold(mutex_);
+        changed_.wait_for(hold, std::chrono::milliseconds(limitMs), [&] { return events_.size() >= count; });
+        return events_;
     }
-    std::size_t Count() {
-        std::lock_guard<std::mutex> guard(mutex_);
-        return heard_.size();
+    Events Got() { return Wait(0); }
+    // Messages heard, and damaged messages reported.
+    std::size_t Count() { return Got().size() - Errors(); }
+    std::size_t Errors() {
+        const Events events = Got();
+        return static_cast<std::size_t>(std::count(events.begin(), events.end(), "error"));
     }
-    std::atomic<int> errors{0};
 
 private:
-    void Add(Heard h) {
+    void Push(std::string text) {
         std::lock_guard<std::mutex> guard(mutex_);
-        heard_.push_back(std::move(h));
+        events_.push_back(std::move(text));
+        changed_.notify_all();
     }
     std::mutex mutex_;
-    std::vector<Heard> heard_;
+    std::condition_variable changed_;
+    Events events_;
 };
 
 }  // namespace comm_test

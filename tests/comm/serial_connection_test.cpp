@@ -4,8 +4,6 @@
 // heartbeats, and that nothing leaks.
 #include <gtest/gtest.h>
 
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 
 #include "CommTestSupport.h"
@@ -24,41 +22,6 @@ std::string Frame(unsigned char command, std::vector<unsigned char> payload, boo
     return std::string(bytes.begin(), bytes.end());
 }
 
-// Writes down what the link delivers, one line per event, and lets the test
-// wait for a number of them.
-class Recorder : public QorDeviceCommSubscriber {
-public:
-    void onLongMessage(unsigned char command, const std::vector<unsigned char> &data) override {
-        Add("long", command, data);
-    }
-    void onShortMessage(unsigned char command, const std::vector<unsigned char> &data) override {
-        Add("short", command, data);
-    }
-    void onCommError() override { Push("error"); }
-
-    // The first `count` events, once they have come (at most `limitMs`).
-    std::vector<std::string> Wait(std::size_t count, int limitMs = 5000) {
-        std::unique_lock<std::mutex> hold(lock);
-        changed.wait_for(hold, std::chrono::milliseconds(limitMs), [&] { return events.size() >= count; });
-        return events;
-    }
-
-private:
-    void Add(const char *kind, unsigned char command, const std::vector<unsigned char> &data) {
-        std::string text = kind + std::string(" ") + std::to_string(command) + ":";
-        for (unsigned char byte : data) text += " " + std::to_string(byte);
-        Push(text);
-    }
-    void Push(const std::string &text) {
-        std::lock_guard<std::mutex> hold(lock);
-        events.push_back(text);
-        changed.notify_all();
-    }
-    std::mutex lock;
-    std::condition_variable changed;
-    std::vector<std::string> events;
-};
-
 class SerialLink : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -68,7 +31,7 @@ protected:
         ASSERT_TRUE(comm.isConnected());
     }
     PtyLine line;
-    Recorder recorder;
+    comm_test::Listener recorder;
     QorDeviceComm comm;
 };
 

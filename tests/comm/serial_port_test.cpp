@@ -311,7 +311,7 @@ TEST_F(OpenLineHistory, WriteToAVanishedDeviceIsMarked) {
     EXPECT_EQ(parts[4], " **WRITE_FAIL**");
 }
 
-TEST_F(OpenLineHistory, LimitKeepsTheLatestLines) {
+TEST_F(OpenLineHistory, LimitKeepsTheLatestLinesAndDumpWritesThemAll) {
     serial.BeginRecordHistory(5);
     for (int i = 0; i < 7; ++i) serial.write(std::string(1, static_cast<char>('a' + i)));
     ASSERT_EQ(serial.GetHistory().size(), 5u);
@@ -320,16 +320,7 @@ TEST_F(OpenLineHistory, LimitKeepsTheLatestLines) {
     ASSERT_EQ(history.size(), 2u);
     EXPECT_NE(history[0].find(")'f'\r\n"), std::string::npos);
     EXPECT_NE(history[1].find(")'g'\r\n"), std::string::npos);
-    serial.EndRecordHistory();
-    EXPECT_TRUE(serial.GetHistory().empty());
-    serial.write("x");
-    EXPECT_TRUE(serial.GetHistory().empty());
-}
-
-TEST_F(OpenLineHistory, DumpWritesAllLinesAndKeepsThem) {
-    serial.BeginRecordHistory(10);
-    serial.write("one");
-    serial.write("two");
+    // The dump replaces what the file held and keeps the lines.
     char name[] = "/tmp/qor-serial-history-XXXXXX";
     int fd = ::mkstemp(name);
     ASSERT_GE(fd, 0);
@@ -340,10 +331,13 @@ TEST_F(OpenLineHistory, DumpWritesAllLinesAndKeepsThem) {
     std::ifstream file(name, std::ios::binary);
     std::stringstream text;
     text << file.rdbuf();
-    std::deque<std::string> history = serial.GetHistory();
-    ASSERT_EQ(history.size(), 2u);
-    EXPECT_EQ(text.str(), history[0] + history[1]);
     std::remove(name);
+    EXPECT_EQ(text.str(), history[0] + history[1]);
+    EXPECT_EQ(serial.GetHistory(), history);
+    serial.EndRecordHistory();
+    EXPECT_TRUE(serial.GetHistory().empty());
+    serial.write("x");
+    EXPECT_TRUE(serial.GetHistory().empty());
 }
 
 // --- enumeration -------------------------------------------------------------

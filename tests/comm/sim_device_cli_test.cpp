@@ -29,6 +29,8 @@ TEST(DeviceVerb, SendsOverTcpAndSerialAndReportsFailures) {
         {"device send " + sim.SerialPath() + " 1 0102 --long", 0, "reply 0x01 (2 bytes): 01 02\n"},
         {"device send " + tcp + " 4 --wait 4,0x7f", 0,
          "reply 0x7F (18 bytes): 04 73 69 6d 75 6c 61 74 65 64 20 66 61 69 6c 75 72 65\n"},
+        {"device send " + tcp + " 0x42 --wait 0x7f", 0,
+         "reply 0x7F (16 bytes): 42 75 6e 6b 6e 6f 77 6e 20 63 6f 6d 6d 61 6e 64\n"},
         {"device send " + tcp + " 3 e803 --wait 0x55 --timeout 50", 1, "qor device: no reply within 50 ms\n"},
         {"device send " + tcp + " 1 --no-wait", 0, ""},
         {"device send /nonexistent/tty 1", 1, "qor device: Failed to open the specified serial port\n"},

@@ -106,7 +106,6 @@ struct Peer {
     Signal accepted, release;
     Bytes toSend;
     bool resetAtEnd = false;
-    bool closeAtOnce = false;
     bool holdAfterEnd = true;  // after our end of stream, keep the connection until released
     Bytes got;
     std::mutex mutex;
@@ -114,7 +113,6 @@ struct Peer {
     LoopbackDevice::Session Session() {
         return [this](int &fd, LoopbackDevice &device) {
             accepted.Set();
-            if (closeAtOnce) return;
             comm_test::WriteAll(fd, toSend);
             while (!release.IsSet() && !device.Stopping()) {
                 if (device.WaitReadable(fd, 20)) {
@@ -194,10 +192,6 @@ TEST(Socket, ErrnoValuesMapToWinsockNumbers) {
     EXPECT_EQ(captured.errorCode, 10061);
     EXPECT_EQ(captured.errorText, "The attempt to connect was forcefully rejected.");
     EXPECT_EQ(captured.CQorException::message, captured.errorText);
-    const CSuperSocketException plain("CSuperSocket::Accept::socket not open", false);
-    EXPECT_EQ(plain.errorCode, -1);
-    EXPECT_TRUE(plain.errorText.empty());
-    EXPECT_EQ(plain.message, "CSuperSocket::Accept::socket not open");
 }
 
 TEST(Socket, ConnectSendReceiveAndConditionOrder) {
@@ -487,20 +481,6 @@ TEST(Socket, BroadcastAddressEndsIn255) {
     ASSERT_EQ(::inet_pton(AF_INET, address.c_str(), &parsed), 1) << address;
     EXPECT_EQ(address.substr(address.rfind('.')), ".255");
     EXPECT_EQ(GetBroadcastAddress(1000), "");
-}
-
-TEST(Socket, LiveSocketsAreCounted) {
-    CDefaultSuperSocketContainer none;
-    const unsigned before = CSuperSocket::LiveSockets();
-    {
-        CSuperSocket a(none);
-        {
-            CSuperSocket b(none);
-            EXPECT_EQ(CSuperSocket::LiveSockets(), before + 2);
-        }
-        EXPECT_EQ(CSuperSocket::LiveSockets(), before + 1);
-    }
-    EXPECT_EQ(CSuperSocket::LiveSockets(), before);
 }
 
 }  // namespace socket_test

@@ -1,7 +1,6 @@
 // CRegVal: the byte layouts of each type and which reads each type allows.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 #include "qor/settings/RegVal.h"
@@ -85,18 +84,6 @@ TEST(RegValTest, ReadsAcceptOnlyTheirTypesAndLeaveTheArgumentOtherwise) {
         EXPECT_EQ(value.GetValue(list), row.list);
         EXPECT_EQ(list, row.list ? (CStringArray{"x", "y"}) : (CStringArray{"keep"}));
     }
-}
-
-TEST(RegValTest, ABufferReadNeedsTheExactSize) {
-    unsigned char raw[] = {1, 2, 3, 4};
-    CRegVal value(raw, 4);
-    unsigned char storage[8] = {};
-    unsigned char *out = storage;
-    EXPECT_EQ(value.GetValue(out, 3), 0);
-    EXPECT_EQ(value.GetValue(out, 5), 0);
-    EXPECT_EQ(storage[0], 0);
-    EXPECT_EQ(value.GetValue(out, 4), 1);
-    EXPECT_EQ(std::memcmp(storage, raw, 4), 0);
 }
 
 TEST(RegValTest, ShortOrUnterminatedDataReadsSafely) {

@@ -54,7 +54,8 @@ TEST_F(RegistryTest, FailedLoadsLeaveTheOutputAlone) {
     EXPECT_EQ(registry.LoadKey("Nowhere", "Text", text), 0);
     EXPECT_EQ(registry.LoadKey("App", "Missing", text), 0);
     EXPECT_EQ(registry.LoadKey("App", "Text", number), 0);  // wrong type
-    EXPECT_EQ(registry.LoadKey("App", "Blob", buffer, 4), 0);  // wrong size
+    EXPECT_EQ(registry.LoadKey("App", "Blob", buffer, 4), 0);  // wrong size: too big
+    EXPECT_EQ(registry.LoadKey("App", "Blob", buffer, 1), 0);  // and too small
     EXPECT_EQ(text, "keep");
     EXPECT_EQ(number, 42u);
     EXPECT_EQ(buffer[0], 5);

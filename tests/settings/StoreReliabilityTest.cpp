@@ -132,7 +132,9 @@ TEST(StoreCrashTest, AKilledWriterNeverDamagesTheStoreNorLosesAConfirmedSave) {
         // A writer killed before it made the store confirmed nothing, so
         // nothing is lost; once the store exists it must always be sound.
         const std::string integrity = IntegrityCheck(store);
-        if (!(confirmed.empty() && integrity == "no store")) ASSERT_EQ(integrity, "ok") << "after round " << round;
+        if (!(confirmed.empty() && integrity == "no store")) {
+            ASSERT_EQ(integrity, "ok") << "after round " << round;
+        }
         for (unsigned long number : confirmed) ASSERT_TRUE(Holds(registry, number)) << number;
     }
     EXPECT_GT(confirmed.size(), 500u);

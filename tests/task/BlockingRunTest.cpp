@@ -37,7 +37,7 @@ TEST_F(BlockingRun, TaskThatStartsEndedFinishesWithoutRunStart) {
     EXPECT_EQ(journal.Entries(), (Entries{"OnRunFinish 0", "OnTaskCompleted", "destroyed"}));
 }
 
-TEST_F(BlockingRun, FailureHoldsTheTaskAndReportsTheError) {
+TEST_F(BlockingRun, FailureHoldsTheTaskUntilAnAbortFromAnotherThread) {
     ScriptedTask *task = NewTask(2);
     task->failures[1] = 1;
     EXPECT_EQ(machine.LaunchTask(task, true, true), qor::kTaskFailed);
@@ -48,7 +48,14 @@ TEST_F(BlockingRun, FailureHoldsTheTaskAndReportsTheError) {
     EXPECT_EQ(machine.GetLastBlockingTask(), task);
     EXPECT_TRUE(machine.IsBusy());
     EXPECT_FALSE(machine.IsThreadRunning());
-    EXPECT_EQ(machine.Abort(), qor::kTaskSucceeded);
+    long result = -1;
+    threadtest::RunOnOtherThread([&] { result = machine.Abort(); });
+    EXPECT_EQ(result, qor::kTaskSucceeded);
+    const Entries all = journal.Entries();
+    EXPECT_EQ(Entries(all.end() - 5, all.end()),
+              (Entries{"task Abort", "OnUserAbort", "OnRunFinish " + kAborted, "ReportError User abort",
+                       "destroyed"}));
+    EXPECT_FALSE(machine.IsBusy());
 }
 
 TEST_F(BlockingRun, RetryRepeatsTheFailedStateAndEndsSilently) {
@@ -77,20 +84,6 @@ TEST_F(BlockingRun, IgnoreGoesOnWhereTheFailedStateLeftOff) {
     // The blocking road never calls the task's own Ignore().
     EXPECT_FALSE(journal.Has("task Ignore"));
     EXPECT_FALSE(journal.Has("OnTaskCompleted"));
-}
-
-TEST_F(BlockingRun, AbortFromAnotherThreadEndsTheHeldTask) {
-    ScriptedTask *task = NewTask(2);
-    task->failures[0] = 1;
-    ASSERT_EQ(machine.LaunchTask(task, true, true), qor::kTaskFailed);
-    long result = -1;
-    threadtest::RunOnOtherThread([&] { result = machine.Abort(); });
-    EXPECT_EQ(result, qor::kTaskSucceeded);
-    const Entries all = journal.Entries();
-    EXPECT_EQ(Entries(all.end() - 5, all.end()),
-              (Entries{"task Abort", "OnUserAbort", "OnRunFinish " + kAborted, "ReportError User abort",
-                       "destroyed"}));
-    EXPECT_FALSE(machine.IsBusy());
 }
 
 TEST_F(BlockingRun, AbortInsideARunTakesEffectAtTheNextStateBoundary) {

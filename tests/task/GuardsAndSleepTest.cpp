@@ -27,7 +27,7 @@ void ExpectHeldForScope(Owner &owner, CRITICAL_SECTION &section) {
     EXPECT_TRUE(OtherThreadCanEnter(section));
 }
 
-TEST(LockGuards, SectionGuardsHoldForTheirScope) {
+TEST(LockGuards, EachGuardHoldsItsLockForItsScope) {
     CCriticalSection object;
     CRITICAL_SECTION plain;
     InitializeCriticalSection(&plain);
@@ -39,9 +39,6 @@ TEST(LockGuards, SectionGuardsHoldForTheirScope) {
     ExpectHeldForScope<CThreadAutolock>(plain, plain);
     ExpectHeldForScope<auto_lock>(object, object.m_sect);
     DeleteCriticalSection(&plain);
-}
-
-TEST(LockGuards, AutoMutexOwnsTheMutexForItsScope) {
     HANDLE mutex = CreateMutex(nullptr, FALSE, nullptr);
     {
         auto_mutex hold(mutex);
@@ -73,17 +70,7 @@ TEST(LockGuards, AutoBoolInvertsAndAutoIncDecCounts) {
     EXPECT_TRUE(flag);
 }
 
-TEST(AlertablePumpingSleep, ConsumesTheSignalOfAManualResetEvent) {
-    HANDLE event = CreateEvent(nullptr, TRUE, TRUE, nullptr);
-    EXPECT_EQ(AlertablePumpingSleep(100ul, 1u, &event), 0);
-    EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_TIMEOUT);
-    EXPECT_FALSE(AlertablePumpingSleep(0ul, event));
-    SetEvent(event);
-    EXPECT_TRUE(AlertablePumpingSleep(0ul, event));
-    CloseHandle(event);
-}
-
-TEST(AlertablePumpingSleep, ReportsTheIndexTimeoutAndFailure) {
+TEST(AlertablePumpingSleep, ReportsIndexTimeoutAndFailureAndConsumesManualResets) {
     HANDLE events[2] = {CreateEvent(nullptr, FALSE, FALSE, nullptr), CreateEvent(nullptr, FALSE, TRUE, nullptr)};
     EXPECT_EQ(AlertablePumpingSleep(0xFFFFFFFFul, 2u, events), 1);
     EXPECT_EQ(AlertablePumpingSleep(10ul, 2u, events), -1);
@@ -91,6 +78,14 @@ TEST(AlertablePumpingSleep, ReportsTheIndexTimeoutAndFailure) {
     CloseHandle(closed);
     EXPECT_EQ(AlertablePumpingSleep(10ul, 1u, &closed), -2);
     for (HANDLE event : events) CloseHandle(event);
+    // A manual-reset event that ends the wait is reset by it.
+    HANDLE manual = CreateEvent(nullptr, TRUE, TRUE, nullptr);
+    EXPECT_EQ(AlertablePumpingSleep(100ul, 1u, &manual), 0);
+    EXPECT_EQ(WaitForSingleObject(manual, 0), WAIT_TIMEOUT);
+    EXPECT_FALSE(AlertablePumpingSleep(0ul, manual));
+    SetEvent(manual);
+    EXPECT_TRUE(AlertablePumpingSleep(0ul, manual));
+    CloseHandle(manual);
 }
 
 TEST(AlertablePumpingSleep, DispatchesMessagesWhileItWaits) {

@@ -175,9 +175,8 @@ protected:
 
 using Entries = std::vector<std::string>;
 
-inline std::string Text(long value) { return std::to_string(value); }
 // How OnRunFinish results read in a journal.
-inline const std::string kFailed = Text(qor::kTaskFailed);
-inline const std::string kAborted = Text(qor::kTaskUserAbort);
+inline const std::string kFailed = std::to_string(qor::kTaskFailed);
+inline const std::string kAborted = std::to_string(qor::kTaskUserAbort);
 
 }  // namespace tasktest

@@ -25,44 +25,30 @@ struct Job {
     }
 };
 
-TEST(ThreadPool, KeepsFinishedEventOpenWhenAskedAndSignalsIt) {
-    CThreadPool pool(1, 1, false);
-    Job first, second;
-    HANDLE firstDone = pool.StartThread(Job::Run, &first, false);
-    ASSERT_NE(firstDone, nullptr);
-    ASSERT_EQ(WaitForSingleObject(firstDone, INFINITE), WAIT_OBJECT_0);
-    Gate gate;
-    second.gate = gate.handle;
-    HANDLE secondDone = pool.StartThread(Job::Run, &second, false);
-    // The same worker, with a fresh event that the first job's end did not signal.
-    EXPECT_NE(secondDone, firstDone);
-    WaitForSingleObject(second.started, INFINITE);
-    EXPECT_EQ(second.thread.load(), first.thread.load());
-    EXPECT_EQ(WaitForSingleObject(secondDone, 0), WAIT_TIMEOUT);
-    gate.Open();
-    EXPECT_EQ(WaitForSingleObject(secondDone, INFINITE), WAIT_OBJECT_0);
-    CloseHandle(firstDone);
-    CloseHandle(secondDone);
-}
-
-TEST(ThreadPool, GrowsWhenEveryWorkerIsBusyAndReusesTheOldestIdle) {
+TEST(ThreadPool, GrowsWhenEveryWorkerIsBusyAndReusesTheOldestIdleWithAFreshEvent) {
     CThreadPool pool(0, 1, false);  // no worker until the first job
-    Gate gate;
+    Gate gate, laterGate;
     Job busy, extra, later;
     busy.gate = gate.handle;
     extra.gate = gate.handle;
+    later.gate = laterGate.handle;
     HANDLE busyDone = pool.StartThread(Job::Run, &busy, false);
     HANDLE extraDone = pool.StartThread(Job::Run, &extra, false);
     WaitForSingleObject(busy.started, INFINITE);
     WaitForSingleObject(extra.started, INFINITE);
     EXPECT_NE(busy.thread.load(), extra.thread.load());
     gate.Open();
-    WaitForSingleObject(busyDone, INFINITE);
-    WaitForSingleObject(extraDone, INFINITE);
-    // Both idle now: the job goes to the first worker made.
+    ASSERT_EQ(WaitForSingleObject(busyDone, INFINITE), WAIT_OBJECT_0);
+    ASSERT_EQ(WaitForSingleObject(extraDone, INFINITE), WAIT_OBJECT_0);
+    // Both idle now: the job goes to the first worker made, with an event of
+    // its own that the earlier job's end did not signal.
     HANDLE laterDone = pool.StartThread(Job::Run, &later, false);
-    WaitForSingleObject(laterDone, INFINITE);
+    EXPECT_NE(laterDone, busyDone);
+    WaitForSingleObject(later.started, INFINITE);
     EXPECT_EQ(later.thread.load(), busy.thread.load());
+    EXPECT_EQ(WaitForSingleObject(laterDone, 0), WAIT_TIMEOUT);
+    laterGate.Open();
+    EXPECT_EQ(WaitForSingleObject(laterDone, INFINITE), WAIT_OBJECT_0);
     for (HANDLE handle : {busyDone, extraDone, laterDone}) CloseHandle(handle);
 }
 

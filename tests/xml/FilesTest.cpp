@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 
 #include "TestSupport.h"
 
@@ -63,20 +64,30 @@ private:
     bool hadTmp_ = false;
 };
 
-TEST_F(FilesTest, ReadPathFailures) {
+TEST_F(FilesTest, PathFailures) {
     XMLReader reader;
-    EXPECT_EQ(Failure([&] { reader.Read(nullptr); }),
-              "0 XMLReader::Read: Unable to read the file: \\x0d\\x0aNull path pointer");
-    EXPECT_EQ(Failure([&] { reader.Read(""); }),
-              "0 XMLReader::Read: Unable to read the file: \\x0d\\x0aNo path info");
-    std::string missing = scratch_ / "missing.xml";
-    EXPECT_EQ(Failure([&] { reader.Read(missing.c_str()); }),
-              "0 XMLReader::Read: Unable to read the file: \\x0d\\x0aFile " + missing +
-                  " not found");
-    EXPECT_EQ(Failure([&] { reader.Read(scratch_.path().c_str()); }),
-              "0 XMLReader::Read: Unable to read the file: \\x0d\\x0aFile " +
-                  scratch_.path().string() + " not found")
-        << "a folder is no file";
+    XMLWriter writer = Sample("R");
+    // A regular file where a folder should be: nothing can be created below it.
+    WriteFile(scratch_ / "file", "x");
+    const std::string missing = scratch_ / "missing.xml", folder = scratch_.path().string(),
+                      below = scratch_ / "file/sub/doc.xml";
+    const std::string read = "0 XMLReader::Read: Unable to read the file: \\x0d\\x0a";
+    const std::string direct = "XMLWriter::WriteDirectly: Unable to save the file.  \\x0d\\x0a";
+    const std::pair<std::function<void()>, std::string> cases[] = {
+        {[&] { reader.Read(nullptr); }, read + "Null path pointer"},
+        {[&] { reader.Read(""); }, read + "No path info"},
+        {[&] { reader.Read(missing.c_str()); }, read + "File " + missing + " not found"},
+        {[&] { reader.Read(folder.c_str()); }, read + "File " + folder + " not found"},  // a folder is no file
+        {[&] { writer.Write(nullptr); }, "0 XMLWriter::Write: Unable to save the file : \\x0d\\x0aNull path pointer"},
+        {[&] { writer.Write(""); }, "0 XMLWriter::Write: Unable to save the file: \\x0d\\x0aEmpty path"},
+        {[&] { writer.WriteDirectly(nullptr); }, "0 " + direct + "Null path pointer."},
+        {[&] { writer.WriteDirectly(""); }, "0 " + direct + "Empty path."},
+        {[&] { writer.WriteDirectly(below.c_str()); },
+         "1 " + direct + "Please make sure that you have permissions to save this file at the specified location."},
+        {[&] { writer.Write(below.c_str()); },
+         "1 XMLWriter::Write: Unable to save the file: \\x0d\\x0aFailed to create directory " + scratch_ / "file/sub"},
+    };
+    for (const auto &[operation, text] : cases) EXPECT_EQ(Failure(operation), text);
 }
 
 TEST_F(FilesTest, AnEmptyFileChangesNothingAndBlanksHaveNoTags) {
@@ -109,28 +120,6 @@ TEST_F(FilesTest, LineEndsOfTheFileDoNotMatter) {
     // And the stored sum still checks out, as the sum never saw the CRs.
     std::string stored = windows.attributes[MD5SUM_ATTRIBUTE];
     EXPECT_EQ(windows.GetMD5Sum(), stored);
-}
-
-TEST_F(FilesTest, WritePathFailures) {
-    XMLWriter writer = Sample("R");
-    EXPECT_EQ(Failure([&] { writer.Write(nullptr); }),
-              "0 XMLWriter::Write: Unable to save the file : \\x0d\\x0aNull path pointer");
-    EXPECT_EQ(Failure([&] { writer.Write(""); }),
-              "0 XMLWriter::Write: Unable to save the file: \\x0d\\x0aEmpty path");
-    EXPECT_EQ(Failure([&] { writer.WriteDirectly(nullptr); }),
-              "0 XMLWriter::WriteDirectly: Unable to save the file.  \\x0d\\x0aNull path pointer.");
-    EXPECT_EQ(Failure([&] { writer.WriteDirectly(""); }),
-              "0 XMLWriter::WriteDirectly: Unable to save the file.  \\x0d\\x0aEmpty path.");
-
-    // A regular file where a folder should be: nothing can be created below it.
-    WriteFile(scratch_ / "file", "x");
-    std::string below = scratch_ / "file/sub/doc.xml";
-    EXPECT_EQ(Failure([&] { writer.WriteDirectly(below.c_str()); }),
-              "1 XMLWriter::WriteDirectly: Unable to save the file.  \\x0d\\x0aPlease make sure "
-              "that you have permissions to save this file at the specified location.");
-    EXPECT_EQ(Failure([&] { writer.Write(below.c_str()); }),
-              "1 XMLWriter::Write: Unable to save the file: \\x0d\\x0aFailed to create directory " +
-                  scratch_ / "file/sub");
 }
 
 TEST_F(FilesTest, BothWritesCreateMissingFoldersAndReadBack) {

@@ -59,24 +59,6 @@ TEST(ReadFromBuffer, TokeniserFailuresPassThroughWithTheirOwnNames) {
     }
 }
 
-TEST(ReadFromBuffer, WhatAFailureLeavesBehind) {
-    XMLReader reader;
-    reader.ReadFromBuffer(std::string(kHeader) + "<Old a='1'><c/></Old>", false);
-    // A bad header leaves the previous tree; a later failure keeps what was built.
-    std::string before = Dump(reader);
-    EXPECT_TRUE(Failure([&] { reader.ReadFromBuffer("<?xml version='2.0' ?><New/>", false); }));
-    EXPECT_EQ(Dump(reader), before);
-    EXPECT_TRUE(Failure([&] {
-        reader.ReadFromBuffer(std::string(kHeader) + "<New n='2'>t1<x/>t2<y k=v/>", false);
-    }));
-    EXPECT_EQ(Dump(reader), "[New] text=[t1t2] n=[2]\n  [x/] closed text=[]\n");
-
-    // A bad root tag leaves the cleared document with its old name.
-    reader.ReadFromBuffer(std::string(kHeader) + "<Old a='1'>text<c/></Old>", false);
-    EXPECT_TRUE(Failure([&] { reader.ReadFromBuffer(std::string(kHeader) + "<New b >", false); }));
-    EXPECT_EQ(Dump(reader), "[Old] text=[text]\n");
-}
-
 TEST(ReadFromBuffer, RequiredOddities) {
     XMLReader reader;
     reader.ReadFromBuffer("<a />", true);

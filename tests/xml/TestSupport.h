@@ -18,7 +18,6 @@ public:
     using XMLParser::DiscardComments;
     using XMLParser::DiscardDoctype;
     using XMLParser::FindNextTag;
-    using XMLParser::WriteNodeToStream;
 };
 
 // A node built from one tag, and the closing test, both protected.
