@@ -41,6 +41,11 @@ void Model::DeleteCallList() {
 void Model::Generate() {
     if (callList >= 0) glDeleteLists(static_cast<GLuint>(callList), 1);
     callList = static_cast<int>(glGenLists(1));
+    // No list name means no current context (or none left in it): the calls
+    // below would all be ignored, or with a context drawn at once instead of
+    // compiled, and a model is read without a window as often as with one.
+    // Name 0 draws nothing; skip the walk over the faces.
+    if (callList == 0) return;
     glNewList(static_cast<GLuint>(callList), GL_COMPILE);
     glColorMaterial(GL_FRONT, GL_AMBIENT_AND_DIFFUSE);
     glEnable(GL_COLOR_MATERIAL);

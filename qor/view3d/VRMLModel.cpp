@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "qor/view3d/BinaryModel.h"
+#include "qor/view3d/FileText.h"
 #include "qor/view3d/Resources.h"
 #include "qor/view3d/Welding.h"
 
@@ -14,6 +15,14 @@ namespace {
 
 std::string ReadToEnd(std::istream &in) {
     std::string bytes;
+    // A file's length sizes the buffer once: growing it by doubling copies
+    // the text several times over and touches twice the memory. Whatever
+    // can't seek (a pipe) just grows.
+    if (in.seekg(0, std::ios::end)) {
+        if (const std::streamoff length = in.tellg(); length > 0) bytes.reserve(static_cast<std::size_t>(length));
+        in.seekg(0, std::ios::beg);
+    }
+    in.clear();
     char chunk[1 << 16];
     while (in.read(chunk, sizeof chunk) || in.gcount() > 0)
         bytes.append(chunk, static_cast<std::size_t>(in.gcount()));
@@ -42,14 +51,12 @@ VRMLModel &VRMLModel::operator=(const VRMLModel &other) {
 }
 
 bool VRMLModel::OpenFile(const std::string &path, bool optimize) {
-    std::ifstream in(path);
-    if (!in.is_open()) return false;
     // Read to the end rather than by a length from seeking, which means
     // nothing for a directory or a pipe; for a file it is the same bytes. A
     // read failure is not looked at: what arrived is parsed.
-    std::string text = ReadToEnd(in);
-    in.close();
-    ReadVrml(text, optimize);
+    qor::vrml::FileText text;
+    if (!text.Open(path)) return false;
+    ReadVrml(text.Text(), optimize);
     return true;
 }
 

@@ -1,6 +1,7 @@
 // The text steps of the VRML subset reader: cutting at fixed tokens and
-// reading numbers the way formatted stream input reads them, without making
-// a stream for each one. VRMLModel::Parse strings them together.
+// reading numbers the way formatted stream input reads them (VrmlNumber.h),
+// without making a stream for each one. VRMLModel::Parse strings them
+// together.
 #pragma once
 
 #include <cstddef>
@@ -29,21 +30,5 @@ void ExtractColor(std::string_view block, std::string_view key, float *out, int 
 // atoi as the 32-bit original has it: blanks, a sign, digits; 0 when there
 // are none; clamped to the range of a 32-bit int.
 std::int32_t ToInt(std::string_view text);
-
-// text.find(token, from) for a run of calls whose from never decreases. The
-// answer is kept and reused while from has not passed it, so a loop that asks
-// for the next "]" once per list item stays linear.
-class Finder {
-public:
-    Finder(std::string_view text, std::string_view token) : text_(text), token_(token) {}
-    std::size_t From(std::size_t from);
-
-private:
-    std::string_view text_;
-    std::string_view token_;
-    std::size_t askedFrom_ = 0;
-    std::size_t found_ = std::string_view::npos;
-    bool known_ = false;
-};
 
 }  // namespace qor::vrml

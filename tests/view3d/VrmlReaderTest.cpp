@@ -53,6 +53,8 @@ TEST(VrmlReader, WalksTheTokensAsDescribed) {
          {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {{0, 1, 2, 0}}, 1},
         {"a number that fails keeps the origin's zero", Shape("", "1 x 3", "0, 0, 0, -1"), {{1, 0, 0}},
          {{0, 0, 0, 0}}, 1},
+        {"an index of -12 ends its polygon at its -1", Shape("", tri, "0, 1, -12, -1"),
+         {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {{0, 1, 0, 0}, {2, 0, 0, 0}}, 1},
         {"bytes of 128 and up and minus signs are skipped before an index",
          Shape("", tri, "\xC3\xA9-0, 1, 2, -1"), {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {{0, 1, 2, 0}}, 1},
     };
@@ -116,7 +118,17 @@ TEST(VrmlReader, ASecondReadAddsToTheMaterials) {
 TEST(VrmlReader, FloatsReadAsStreamInputReadsThem) {
     const char *tokens[] = {"1 2 3", " +1.5e+2\t-0.25\n7", "1e", "1e+", "1e5e3", "1.5.3 2", ".5 5. .", "-",
                             "+-1", "0x10 2", "00012.500 3", "1e39 2 3", "-1e39", "1e-39 1e-46 3", "3.4028235e38",
-                            "inf nan 1", "1,2,3", "", "   ", "7\v8\f9", "12345678901234567890123", "1E2 1e-2"};
+                            "inf nan 1", "1,2,3", "", "   ", "7\v8\f9", "12345678901234567890123", "1E2 1e-2",
+                            // halfway between two floats, exactly and nearly: double rounding's trap
+                            "16777217 16777219 0.1", "1.00000005960464477539 1.0000000596046448 3",
+                            // the edges of the range: least denormal, underflow, the normal border, overflow
+                            "1e-45 7e-46 1.4e-45", "1.17549435e-38 1.1754942e-38 2", "3.4028235677973366e38 1 2",
+                            "3.40282356e38 1 2", "1e2147483648 1", "1e-2147483649 1",
+                            // more digits than a 64-bit mantissa holds, zeros before and behind them
+                            "9999999999999999999 99999999999999999999 1",
+                            "0.000000000000000000000000000000000000000001234 2 3",
+                            "123456789012345678901234567890e-20 .000000000000000000000e9 1", "-0 +0 -0.0e5",
+                            "\xC3\xA9 1 2", "1\xC3\xA9 2", "1e5\xC3 2"};
     for (const char *token : tokens) {
         SCOPED_TRACE(token);
         float ours[3] = {-7, -7, -7}, theirs[3] = {-7, -7, -7};
