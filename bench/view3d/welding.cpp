@@ -61,9 +61,9 @@ int main(int argc, char **argv) {
     }
     view_bench::Measured(benchmark::RegisterBenchmark("literal/scan", LiteralScan)->Arg(10000), 0.2);
     benchmark::Initialize(&argc, argv);
-    view_bench::RatioReporter reporter;
+    view_bench::BestTimes reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    auto t = [&](const char *name, int n) { return reporter.Time(std::string(name) + "/" + std::to_string(n)); };
+    auto t = [&](const char *name, int n) { return reporter.Cpu(std::string(name) + "/" + std::to_string(n)); };
     std::printf("\nWelding (below 1: slower than the peer)\n");
     for (int n : {10000, 100000, 1000000})
         std::printf("  %7d vertices: %.2f x meshoptimizer's exact remap (goal >= 0.33)\n", n,
