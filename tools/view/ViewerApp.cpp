@@ -6,8 +6,20 @@
 #include <vector>
 
 #include "ViewerFrame.h"
+#include "tools/WxMain.h"
 
 namespace {
+
+constexpr const char *kHelp =
+    "usage: qor-view [--screenshot OUT.png] [FILE...]\n"
+    "\n"
+    "Shows models of the 3-D view in a window: VRML (.wrl), the binary format\n"
+    "(.bin) and assemblies (.xml, parts placed by their mates), each FILE in turn.\n"
+    "Drag with the mouse buttons to turn, pan and zoom the view, or use the wheel;\n"
+    "a click picks a part and shows its name in the status bar; the Views menu\n"
+    "saves the current view and brings saved ones back. File > Open loads more.\n"
+    "\n"
+    "  --screenshot OUT.png  save the window's picture once it is drawn, and quit\n";
 
 class ViewerApp : public wxApp {
 public:
@@ -31,7 +43,6 @@ public:
 
 private:
     static constexpr wxCmdLineEntryDesc kDescription[] = {
-        {wxCMD_LINE_SWITCH, "h", "help", "show this help", wxCMD_LINE_VAL_NONE, wxCMD_LINE_OPTION_HELP},
         {wxCMD_LINE_OPTION, nullptr, "screenshot", "save the window's picture as a PNG file and quit",
          wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_PARAM, nullptr, nullptr, "FILE", wxCMD_LINE_VAL_STRING,
@@ -44,4 +55,6 @@ private:
 
 }  // namespace
 
-wxIMPLEMENT_APP(ViewerApp);
+wxIMPLEMENT_APP_NO_MAIN(ViewerApp);
+
+int main(int argc, char **argv) { return qor::tools::WxMain(argc, argv, kHelp); }
