@@ -21,13 +21,20 @@ void PrintUsage(std::FILE *out) {
                  "       qor VERB --help    the verb's own help\n"
                  "\n"
                  "The command line of the Qor shared class library: check and stamp XML\n"
-                 "documents, show records, talk to instruments, keep settings, list host facts.\n"
+                 "documents, show records and plate maps, talk to instruments, keep settings,\n"
+                 "draw 3-D models, issue and check product keys, list host facts.\n"
                  "\n"
                  "verbs:\n");
     auto verbs = Verbs();
     std::sort(verbs.begin(), verbs.end(),
               [](const Verb &a, const Verb &b) { return std::string(a.name) < b.name; });
     for (const Verb &verb : verbs) std::fprintf(out, "  %-10s %s\n", verb.name, verb.summary);
+    std::fprintf(out,
+                 "\n"
+                 "programs beside it (each with --help):\n"
+                 "  qor-sim      a simulated instrument on TCP and a pseudo-terminal\n"
+                 "  qor-view     models of the 3-D view in a window: turn, zoom, pick\n"
+                 "  qor-gallery  the report grid, segment displays and styled widgets\n");
 }
 
 }  // namespace
