@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "qor/comm/DeviceFrame.h"
 #include "qor/comm/QorEthernetConnection.h"
 #include "qor/platform/Messages.h"
 #include "qor/platform/Time.h"

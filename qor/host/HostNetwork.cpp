@@ -1,6 +1,7 @@
 // Win32_NetworkAdapter: the interfaces of /sys/class/net, with the two
 // states the adapter filter looks at, Availability and NetConnectionStatus,
 // in their WMI codes.
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 

@@ -1,6 +1,7 @@
 // MetaDataManager::Test: a smoke run of the record code that a plug-in can
 // call at start-up; it builds, writes and reads back a small device
 // description and keeps nothing.
+#include "qor/marshal/ObjectInstance.h"
 #include "qor/records/metadata/MetaData.h"
 
 void MetaDataManager::Test() {
