@@ -2,6 +2,7 @@
 #include "qor/platform/Files.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -40,6 +41,33 @@ public:
 private:
     int fd_;
 };
+
+// read() until count bytes, the end or an error; the count read.
+std::size_t ReadUpTo(int fd, char *to, std::size_t count) {
+    std::size_t done = 0;
+    while (done < count) {
+        const ssize_t got = ::read(fd, to + done, count - done);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) break;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+// Appends what is left to read; 0 at the end, or the errno of a failed read
+// (what arrived before it stays appended).
+int AppendToEnd(int fd, std::string &contents) {
+    char chunk[65536];
+    for (;;) {
+        const ssize_t got = ::read(fd, chunk, sizeof chunk);
+        if (got < 0) {
+            if (errno == EINTR) continue;
+            return errno;
+        }
+        if (got == 0) return 0;
+        contents.append(chunk, static_cast<std::size_t>(got));
+    }
+}
 
 int WriteAll(int fd, const char *data, std::size_t size) {
     while (size > 0) {
@@ -132,17 +160,40 @@ int ReadWholeFile(const std::string &path, std::string &contents) {
     if (S_ISDIR(info.st_mode)) return EISDIR;
     contents.clear();
     if (info.st_size > 0) contents.reserve(static_cast<std::size_t>(info.st_size));
-    char chunk[65536];
-    for (;;) {
-        ssize_t got = ::read(file.get(), chunk, sizeof chunk);
-        if (got < 0) {
-            if (errno == EINTR) continue;
-            return errno;
+    return AppendToEnd(file.get(), contents);
+}
+
+FileText::~FileText() {
+    if (mapped_) ::munmap(mapped_, capacity_);
+}
+
+bool FileText::Open(const std::string &path) {
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (file.get() < 0) return false;
+    struct stat info {};
+    const bool regular = ::fstat(file.get(), &info) == 0 && S_ISREG(info.st_mode);
+    const auto length = regular ? static_cast<std::size_t>(info.st_size) : 0;
+    // Below a megabyte a string is as cheap as anything.
+    if (length >= (std::size_t{1} << 20)) {
+        // One byte more than the length, so that a file that grew since
+        // shows itself by filling it.
+        void *memory = ::mmap(nullptr, length + 1, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (memory != MAP_FAILED) {
+            ::madvise(memory, length + 1, MADV_HUGEPAGE);
+            mapped_ = static_cast<char *>(memory);
+            capacity_ = length + 1;
+            size_ = ReadUpTo(file.get(), mapped_, capacity_);
+            if (size_ < capacity_) return true;
+            // Longer than it said: a string for all of it.
+            text_.assign(mapped_, size_);
+            ::munmap(mapped_, capacity_);
+            mapped_ = nullptr;
         }
-        if (got == 0) break;
-        contents.append(chunk, static_cast<std::size_t>(got));
+    } else if (length > 0) {
+        text_.reserve(length);
     }
-    return 0;
+    AppendToEnd(file.get(), text_);  // a failure keeps what arrived; a folder reads nothing
+    return true;
 }
 
 OutputFile::~OutputFile() {

@@ -6,8 +6,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "qor/platform/Files.h"
 #include "qor/view3d/BinaryModel.h"
-#include "qor/view3d/FileText.h"
 #include "qor/view3d/Resources.h"
 #include "qor/view3d/Welding.h"
 
@@ -54,7 +54,7 @@ bool VRMLModel::OpenFile(const std::string &path, bool optimize) {
     // Read to the end rather than by a length from seeking, which means
     // nothing for a directory or a pipe; for a file it is the same bytes. A
     // read failure is not looked at: what arrived is parsed.
-    qor::vrml::FileText text;
+    qor::FileText text;
     if (!text.Open(path)) return false;
     ReadVrml(text.Text(), optimize);
     return true;
