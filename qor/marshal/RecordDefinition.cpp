@@ -41,9 +41,9 @@ using ObjectInstanceXMLMarshaller::Parameter;
 const void *At(const void *record, std::ptrdiff_t offset) { return static_cast<const char *>(record) + offset; }
 void *At(void *record, std::ptrdiff_t offset) { return static_cast<char *>(record) + offset; }
 
-bool IsShown(const FieldSpec &field) { return field.options.parameter && field.ops->parameterType >= 0; }
+bool IsShown(const FieldEntry &field) { return field.options.parameter && field.ops->parameterType >= 0; }
 
-const char *ParameterName(const FieldSpec &field) {
+const char *ParameterName(const FieldEntry &field) {
     return field.options.parameterName ? field.options.parameterName : field.key;
 }
 
@@ -93,14 +93,14 @@ void WriteRecord(XMLNode &node, const Layout &layout, const void *record) {
         layout.base->write(node, record);
         node.name = layout.elementName;
     }
-    for (const FieldSpec &field : layout.fields) {
+    for (const FieldEntry &field : layout.fields) {
         field.ops->write(node, field.key, field.options, At(record, field.offset));
     }
 }
 
 void ReadRecord(void *record, const XMLNode &node, const Layout &layout) {
     if (layout.base) layout.base->read(record, node);
-    for (const FieldSpec &field : layout.fields) {
+    for (const FieldEntry &field : layout.fields) {
         field.ops->read(At(record, field.offset), node, field.key, field.options);
     }
 }
@@ -111,7 +111,7 @@ void ShowRecord(const void *record, ObjectInstance &instance, const Layout &layo
     } else {
         instance = ObjectInstance();
     }
-    for (const FieldSpec &field : layout.fields) {
+    for (const FieldEntry &field : layout.fields) {
         if (!IsShown(field)) continue;
         const int type = field.options.parameterType >= 0 ? field.options.parameterType : field.ops->parameterType;
         ShowParameter(instance, ParameterName(field), field.options.description, type,
@@ -122,7 +122,7 @@ void ShowRecord(const void *record, ObjectInstance &instance, const Layout &layo
 
 void ReadBackRecord(void *record, const ObjectInstance &instance, const Layout &layout) {
     if (layout.base) layout.base->readBack(record, instance);
-    for (const FieldSpec &field : layout.fields) {
+    for (const FieldEntry &field : layout.fields) {
         if (!IsShown(field) || !field.options.readBack) continue;
         const auto *parameters = ParametersToRead(instance);
         if (!parameters) return;
@@ -132,7 +132,7 @@ void ReadBackRecord(void *record, const ObjectInstance &instance, const Layout &
 
 bool EqualRecords(const void *a, const void *b, const Layout &layout) {
     if (layout.base && !layout.base->equal(a, b)) return false;
-    for (const FieldSpec &field : layout.fields) {
+    for (const FieldEntry &field : layout.fields) {
         if (field.options.compared && !field.ops->equal(At(a, field.offset), At(b, field.offset))) return false;
     }
     return true;
@@ -146,25 +146,25 @@ void DescribeRecord(RecordDescription &description, const Layout &layout, const 
         description.baseName = base.elementName;
         description.fields = base.fields;
     }
-    for (const FieldSpec &spec : layout.fields) {
+    for (const FieldEntry &entry : layout.fields) {
         // Only attributes become Parameters; lists and child records never do.
-        const bool shown = IsShown(spec);
+        const bool shown = IsShown(entry);
         FieldDescription &field = description.fields.emplace_back();
-        field.key = spec.key;
-        field.kind = spec.kind;
-        field.valueType = spec.ops->valueType;
-        field.memberType = spec.ops->memberType();
-        field.defaultValue = spec.ops->defaultText(At(defaults, spec.offset));
-        field.parameterName = shown ? ParameterName(spec) : nullptr;
+        field.key = entry.key;
+        field.kind = entry.kind;
+        field.valueType = entry.ops->valueType;
+        field.memberType = entry.ops->memberType();
+        field.defaultValue = entry.ops->defaultText(At(defaults, entry.offset));
+        field.parameterName = shown ? ParameterName(entry) : nullptr;
         field.parameterType =
-            shown ? (spec.options.parameterType >= 0 ? spec.options.parameterType : spec.ops->parameterType) : -1;
-        field.parameterDescription = shown ? spec.options.description : "";
-        field.shownValue = shown ? spec.options.shownValue : nullptr;
-        field.readBack = shown && spec.options.readBack;
-        field.compared = spec.options.compared;
-        field.wrapperAlways = spec.options.wrapperAlways;
-        field.readAsLong = spec.options.readAsLong || spec.kind == Kind::EnumAttribute;
-        field.item = spec.ops->item;
+            shown ? (entry.options.parameterType >= 0 ? entry.options.parameterType : entry.ops->parameterType) : -1;
+        field.parameterDescription = shown ? entry.options.description : "";
+        field.shownValue = shown ? entry.options.shownValue : nullptr;
+        field.readBack = shown && entry.options.readBack;
+        field.compared = entry.options.compared;
+        field.wrapperAlways = entry.options.wrapperAlways;
+        field.readAsLong = entry.options.readAsLong || entry.kind == Kind::EnumAttribute;
+        field.item = entry.ops->item;
     }
 }
 

@@ -445,7 +445,7 @@ struct FieldCode {
 
 // One field of a record's table, ready to run: the member is found at
 // offset from the record's address.
-struct FieldSpec {
+struct FieldEntry {
     Kind kind;
     const char *key;
     FieldOptions options;
@@ -455,7 +455,7 @@ struct FieldSpec {
 
 // The part of a record that a base record holds, run by the base's own code
 // on the record seen as that base.
-struct BaseSpec {
+struct BaseEntry {
     void (*write)(XMLNode &node, const void *record);
     void (*read)(void *record, const XMLNode &node);
     void (*show)(const void *record, ObjectInstanceXMLMarshaller::ObjectInstance &instance);
@@ -468,7 +468,7 @@ template <class R, class B>
 struct BaseCode {
     static const R &Of(const void *record) { return *static_cast<const R *>(record); }
     static R &Of(void *record) { return *static_cast<R *>(record); }
-    static constexpr BaseSpec spec{
+    static constexpr BaseEntry entry{
         [](XMLNode &node, const void *record) { B::CreateXMLNode(node, Of(record)); },
         [](void *record, const XMLNode &node) { B::CreateXMLMarshaller(Of(record), node); },
         [](const void *record, ObjectInstanceXMLMarshaller::ObjectInstance &instance) {
@@ -486,20 +486,20 @@ struct BaseCode {
 struct Layout {
     const char *elementName = nullptr;
     const char *fileType = "MetaData";
-    const BaseSpec *base = nullptr;
-    std::vector<FieldSpec> fields;
+    const BaseEntry *base = nullptr;
+    std::vector<FieldEntry> fields;
 };
 
 template <class R, class R2, class T, Kind K>
 void AddEntry(Layout &layout, const R &defaults, const Field<R2, T, K> &field) {
     const auto *record = reinterpret_cast<const char *>(std::addressof(defaults));
     const auto *member = reinterpret_cast<const char *>(std::addressof(defaults.*field.member));
-    layout.fields.push_back(FieldSpec{K, field.key, field.options, member - record, &FieldCode<T, K>::ops});
+    layout.fields.push_back(FieldEntry{K, field.key, field.options, member - record, &FieldCode<T, K>::ops});
 }
 
 template <class R, class B>
 void AddEntry(Layout &layout, const R &, BaseFields<B>) {
-    layout.base = &BaseCode<R, B>::spec;
+    layout.base = &BaseCode<R, B>::entry;
 }
 
 template <class R>

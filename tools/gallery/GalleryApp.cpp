@@ -64,7 +64,7 @@ private:
             wxMemoryDC memory(picture);
             memory.Blit(0, 0, size.x, size.y, &screen, 0, 0);
         }
-        wxImage::AddHandler(new wxPNGHandler);
+        if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) wxImage::AddHandler(new wxPNGHandler);
         failed_ = !picture.IsOk() || !picture.ConvertToImage().SaveFile(wxString::FromUTF8(screenshot_), wxBITMAP_TYPE_PNG);
         frame->Close(true);
     }
